@@ -1,0 +1,47 @@
+// The process-wide run-time state that several subsystems share and that is never written to
+// the settings file. Plain data; the station owns one.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace tesk {
+
+struct RunState {
+  std::string AppPath;       // program folder, no trailing separator
+  std::string SettingsPath;  // AppPath + "/tesk.ini"
+  std::string NotebookPath;  // AppPath + "/Notebook.rtf"
+  std::string WindowsDir;    // the system folder, with a trailing separator
+  std::string VersionText;   // "5.4.4"
+  std::string TagText;       // " {TESK54}"
+  std::string BaseCaption;
+  DateTime StartedAt;
+  std::string SeparatorChar;  // the character 254
+  std::array<int16_t, 7> PacketLengths{255, 192, 160, 128, 96, 80, 64};
+  int32_t CurrentPort = 0;
+  int16_t LanMode = 0;
+  int16_t LanModeAtStart = 0;
+  std::string EngineStatus;
+  std::string LinkStatus;
+  std::string EnginePortList;
+  std::string ToVia;
+  int16_t Connected = 0;
+  std::string ConnectedCall;
+  int16_t RemoteLogin = 0;
+  std::array<int16_t, 13> TxCounters{};
+  // Load-pass bookkeeping.
+  bool FirstRun = false;
+  double ModemStartNote = 0;  // seconds-since-midnight clock noted at the modem start
+  bool WriteCheckDone = false;
+  int16_t ServerSwitch = 0;   // the running server switch of the module mailbox
+  std::string ProfileName;
+  std::string APRSWorkingText;  // the position text the APRS sender works from
+  // A run-only engine address (the demo engine); never written to the LAN settings.
+  std::string OverrideHost;
+  int OverridePort = 0;
+};
+
+}  // namespace tesk

@@ -1,0 +1,56 @@
+// Every subsystem of one station, constructed in dependency order. Routines that reach across
+// subsystems (the load pass, Einde) and the tests get here through Station::parts().
+#pragma once
+
+#include <memory>
+
+#include "alarms/meld.h"
+#include "alarms/packet_log.h"
+#include "connected/text_sending.h"
+#include "core/monitor_console.h"
+#include "core/packet_core.h"
+#include "heard/heard_reports.h"
+#include "link/agw_direct.h"
+#include "link/modem_program.h"
+#include "link/tcp_link.h"
+#include "link/transmit_primitives.h"
+#include "main/ports.h"
+#include "main/startup.h"
+#include "modules/add_ons.h"
+#include "modules/module_mailbox.h"
+#include "settings/settings_file.h"
+#include "transmit/tx_panel.h"
+#include "viewport/view_port.h"
+
+namespace tesk {
+
+class Station;
+
+struct StationParts {
+  explicit StationParts(Station& station);
+
+  MonitorConsole monitor;
+  Meld meld;
+  ModuleMailbox mailbox;
+  TransmitPrimitives transmit;
+  TcpLink tcpLink;
+  AgwDirect direct;
+  AddOns addOns;
+  ModemProgram modem;
+  Ports ports;
+  ViewPort viewPort;
+  HeardReports heardReports;
+  PacketLog packetLog;
+  TextSending textSending;
+  TxPanel txPanel;
+  SettingsFile settings;
+  PacketCore core;
+  Startup startup;
+
+  // The ticks: the core, and the one-second clock.
+  std::unique_ptr<Timer> tmrMainPacketCore;
+  std::unique_ptr<Timer> tmrKlokken;
+  std::unique_ptr<Timer> TmrStatus;  // the module status poller, enabled only in server mode
+};
+
+}  // namespace tesk
