@@ -57,11 +57,11 @@ struct MainWindow {
   // The desktop's usable size in twips, filled by the view; 0 while not known. A stored window
   // size larger than this comes up maximised.
   long screenWidth = 0, screenHeight = 0;
-  ListBox LstMHeardList;        // the MHeard list: colours from [DataBox Forecolor]/[Backcolor]
-  Label lblMonitorFilter;       // the Monitor filter in force
-  Label Lblmheardautoerase;     // "MHeard auto-erase ON"
-  Label LblSpEx;                // "Shadow Exp. Mode!"
-  MenuArray menufilters;        // the Monitor filter menu
+  ListBox LstMHeardList;     // the MHeard list: colours from [DataBox Forecolor]/[Backcolor]
+  Label lblMonitorFilter;    // the Monitor filter in force
+  Label Lblmheardautoerase;  // "MHeard auto-erase ON"
+  Label LblSpEx;             // "Shadow Exp. Mode!"
+  MenuArray menufilters;     // the Monitor filter menu
 };
 
 }  // namespace tesk
