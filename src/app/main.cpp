@@ -1,0 +1,107 @@
+// The program: picks the windowed or the headless form, prepares the program folder, builds the
+// station on the Qt platform, and runs the entry routine from the event loop. SIGINT, SIGTERM
+// and closing the main window all go through the station's shut-down.
+#include <unistd.h>
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/app_options.h"
+#include "app/signal_pipe.h"
+#include "main/station.h"
+#include "platform/qt/console_monitor.h"
+#include "platform/qt/qt_platform.h"
+#include "platform/qt/qt_views.h"
+
+namespace {
+
+std::unique_ptr<QCoreApplication> MakeApplication(bool headless, int& argc, char** argv) {
+  if (headless) return std::make_unique<QCoreApplication>(argc, argv);
+  auto app = std::make_unique<QApplication>(argc, argv);
+  // Boxes shown before the main window must not end the program when they close.
+  app->setQuitOnLastWindowClosed(false);
+  return app;
+}
+
+// Shut-down on request, once: a second request while it runs ends the process at once.
+class ShutDown {
+ public:
+  ShutDown(tesk::Station& station, tesk::Platform& platform)
+      : m_station(station), m_platform(platform) {}
+  void operator()() {
+    if (m_running) m_platform.loop().endNow(1);
+    m_running = true;
+    m_station.Einde();
+    m_platform.loop().endNow(0);  // Einde ends the process; this is only a backstop
+  }
+
+ private:
+  tesk::Station& m_station;
+  tesk::Platform& m_platform;
+  bool m_running = false;
+};
+
+void WireHeadless(tesk::QtPlatform& platform, tesk::Station& station,
+                  tesk::ConsoleMonitor& monitor) {
+  monitor.attach();
+  tesk::ConsoleInput& input = *platform.consoleInput();
+  input.setConsoleHandler([&station](const std::string& line) { station.consoleLine(line); });
+  input.attach(STDIN_FILENO);
+}
+
+void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& shutDown) {
+  tesk::QtViews& views = *platform.qtViews();
+  views.setSplashText([&station]() { return "Version " + station.run().VersionText; });
+  views.attachMainWindow(
+      station.mainWindow(),
+      [&station]() {
+        const tesk::StationConfig& c = station.config();
+        return tesk::MonitorLook{c.ScreenColor, c.MonitorFontname, c.FontSize, c.FontBold != 0};
+      },
+      [&shutDown]() { shutDown(); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> args(argv + 1, argv + argc);
+  const tesk::AppOptions options = tesk::ParseAppOptions(args);
+  if (options.help || !options.error.empty()) {
+    if (!options.error.empty()) std::fprintf(stderr, "tesk: %s\n", options.error.c_str());
+    std::fputs(tesk::kUsage, options.help ? stdout : stderr);
+    return options.help ? 0 : 2;
+  }
+  std::unique_ptr<QCoreApplication> app = MakeApplication(options.headless, argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("tesk"));
+
+  const std::string appPath = tesk::ResolveAppPath(options);
+  const std::string problem =
+      tesk::PrepareAppPath(appPath, QCoreApplication::applicationDirPath().toStdString());
+  if (!problem.empty()) std::fprintf(stderr, "tesk: %s\n", problem.c_str());
+  if (options.demo) std::puts("demo mode is not available yet");
+
+  tesk::QtPlatform platform(
+      options.headless, tesk::QtPlatform::DescribeSystem(options.commandLine, options.headless));
+  tesk::StationOptions stationOptions;
+  stationOptions.appPath = appPath;
+  tesk::Station station(platform, stationOptions);
+  ShutDown shutDown(station, platform);
+  tesk::ConsoleMonitor monitor(station.mainWindow().txtMonitor, isatty(STDOUT_FILENO) != 0);
+  if (options.headless) {
+    WireHeadless(platform, station, monitor);
+  } else {
+    WireWindows(platform, station, shutDown);
+  }
+  tesk::SignalPipe signalPipe([&shutDown](int) { shutDown(); });
+
+  QTimer::singleShot(0, [&]() {
+    station.Start();
+    if (platform.consoleInput() != nullptr) platform.consoleInput()->setLoadPassEnded();
+  });
+  return app->exec();
+}

@@ -1,0 +1,20 @@
+// The one QApplication of the view tests, made on first use (offscreen unless the environment
+// names another platform), so each test file can ask for it without a main() of its own.
+#pragma once
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+namespace tesk::testing {
+
+inline QApplication& QtApp() {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "tesk_view_tests";
+  static char* argv[] = {name, nullptr};
+  // Never destroyed: Qt's own statics go first at exit, and a late QApplication warns.
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
+}
+
+}  // namespace tesk::testing
