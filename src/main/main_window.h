@@ -4,6 +4,7 @@
 // controls here in their own block.
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
 
@@ -22,8 +23,8 @@ struct MainWindow {
   Frame frmLogoTitle;  // the link lamp: caption "LAN"/"+LAN"/"+", back colour green or red
   Frame FrameComm;     // "Communication Ports: TX-1 / RX All"
   Frame FrameMonitor;
-  Label Klok;          // local time
-  Label UTC_Klok;      // UTC
+  Label Klok;      // local time
+  Label UTC_Klok;  // UTC
   Label LblAckON;
   Label lblBeacon;
   Label lblCallSign;    // the own call, upper-cased, above the Monitor
@@ -43,8 +44,8 @@ struct MainWindow {
 
   // ---- menus ----
   MenuItem MnuRun, menuextra;
-  MenuArray menufiles, menuedits, menuoptions, menusends, menuheardsend, menumheardsend,
-      mnuautolog, menuAgwport, menuAgwportRX, mPopupSys;
+  MenuArray menufiles, menuedits, menuoptions, menusends, menuheardsend, menumheardsend, mnuautolog,
+      menuAgwport, menuAgwportRX, mPopupSys;
 
   // ---- tray ----
   bool trayIconShown = false;
@@ -62,6 +63,45 @@ struct MainWindow {
   Label Lblmheardautoerase;  // "MHeard auto-erase ON"
   Label LblSpEx;             // "Shadow Exp. Mode!"
   MenuArray menufilters;     // the Monitor filter menu
+
+  // ---- packet core and Monitor: the Monitor's two boxes, the lamps, the port selectors ----
+  CheckBox chkScroll = [] {
+    CheckBox c;
+    c.caption = "Scroll";
+    c.toolTip = "Automatic scrolling ON or OFF";
+    c.value = 1;  // checked at start
+    return c;
+  }();
+  CheckBox chkViewDataOnly = [] {
+    CheckBox c;
+    c.caption = "No header";
+    c.toolTip = "Enable to view data only (no headers)";
+    return c;
+  }();
+  // Item 0 the receive lamp, item 1 the transmit lamp; both dark until a frame comes or goes.
+  std::array<Image, 2> imgTXRXlight = [] {
+    std::array<Image, 2> lamps;
+    for (Image& lamp : lamps)
+      lamp.visible = false;
+    return lamps;
+  }();
+  // The digipeat flash: the picture shown while it is lit, and the label of the total.
+  Image imgLogoDigi = [] {
+    Image i;
+    i.visible = false;
+    return i;
+  }();
+  Label LblDigipeatedTot = [] {
+    Label l;
+    l.caption = "0";
+    l.toolTip = "Your total digipeated packets status";
+    l.backColor = static_cast<Color>(0x8000000F);  // the system's button face
+    l.foreColor = static_cast<Color>(0x8000000D);  // the system's highlight
+    return l;
+  }();
+  // The images that open the popups of the transmit (menuAgwport) and receive
+  // (menuAgwportRX) port rows.
+  Image imgTXPortSelector, imgRXPortSelector;
 };
 
 }  // namespace tesk

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "base/text.h"
+#include "core/utc_clock.h"
 #include "link/lan_settings_file.h"
 #include "main/platform_helpers.h"
 #include "main/station.h"
@@ -21,7 +22,9 @@ constexpr int kVersionRevision = 4;
 constexpr const char* kAppKey = "TESKAPPKEY1";  // 11 characters handed to the engine library
 constexpr const char* kModuleApp = "XX9TK\\TESK";
 
-bool On(int v) { return v != 0; }
+bool On(int v) {
+  return v != 0;
+}
 
 }  // namespace
 
@@ -96,10 +99,11 @@ void Startup::stepsPathsAndSettings() {
   main.menuextra.visible = false;
   m_step = 2;
   run.BaseCaption = main.form.caption;
-  run.TagText = " {TESK" + std::to_string(kVersionMajor) + std::to_string(kVersionMinor).substr(0, 1) +
-                "}";
+  run.TagText =
+      " {TESK" + std::to_string(kVersionMajor) + std::to_string(kVersionMinor).substr(0, 1) + "}";
   run.AppPath = m_station.options().appPath;
-  while (run.AppPath.size() > 1 && run.AppPath.back() == '/') run.AppPath.pop_back();
+  while (run.AppPath.size() > 1 && run.AppPath.back() == '/')
+    run.AppPath.pop_back();
   run.WindowsDir = platform.system().windowsDir;
   if (run.WindowsDir.empty() || run.WindowsDir.back() != '/') run.WindowsDir += "/";
   run.NotebookPath = JoinPath(run.AppPath, "Notebook.rtf");
@@ -158,7 +162,8 @@ void Startup::stepsProgramsAndWindow() {
   if (config.AckUIViewType == 2) main.LblAckON.toolTip = "Send with Acknowledgement Request";
   m_step = 14;
   run.LanModeAtStart = run.LanMode;
-  for (auto& [index, item] : main.menumheardsend) item.checked = false;
+  for (auto& [index, item] : main.menumheardsend)
+    item.checked = false;
   main.menumheardsend[config.TXMHeardType].checked = true;
   parts.heardReports.DetectWindows();
   main.form.visible = true;
@@ -198,8 +203,8 @@ bool Startup::FirstRunCallSign() {
     config.ModemProgramPath = modem;
     parts.addOns.RunBatchApplication("/RUN" + modem);
     if (run.ModemStartNote > 0) {
-      const double left = run.ModemStartNote + 2.0 -
-                          platform.clock().localNow().secondsSinceMidnight();
+      const double left =
+          run.ModemStartNote + 2.0 - platform.clock().localNow().secondsSinceMidnight();
       if (left > 0) platform.loop().waitUntil(left, {});
     }
   }
@@ -227,8 +232,7 @@ void Startup::stepsLogsAndTicks() {
     std::string call = config.YourCallSign;
     const long dash = InStr(call, "-");
     if (dash > 0) call = Left(call, dash - 1);
-    main.mnuautolog[50].enabled =
-        FileExists(run.AppPath + "/Logs/DigiLogBook_" + call + ".log");
+    main.mnuautolog[50].enabled = FileExists(run.AppPath + "/Logs/DigiLogBook_" + call + ".log");
   }
   m_step = 17;
   parts.tmrMainPacketCore->setInterval(On(config.SlowPC) ? 500 : 250);
@@ -277,7 +281,8 @@ bool Startup::StartDirectLink() {
   AgwDirect& direct = m_station.parts().direct;
   const std::string key = kAppKey;
   auto startPoll = [&] {
-    return direct.AGWStartPoll(config.YourCallSign, key, static_cast<int32_t>(Len(config.YourCallSign)),
+    return direct.AGWStartPoll(config.YourCallSign, key,
+                               static_cast<int32_t>(Len(config.YourCallSign)),
                                static_cast<int32_t>(Len(key)));
   };
   platform.loop().yield();
@@ -311,9 +316,10 @@ bool Startup::StartDirectLink() {
                                 "TESK: UZ7HO SoundModem Download") == MsgResult::Yes) {
         OpenWebPage(platform, site + "/xx9tk/download/soundmodem.zip");
       } else {
-        dialogs.msgBox("If you still want to use the UZ7HO software modem and EasyTerm then "
-                       "please unzip both in the TESK folder.",
-                       MsgButtons::Ok, MsgIcon::Information, "TESK Software Modem");
+        dialogs.msgBox(
+            "If you still want to use the UZ7HO software modem and EasyTerm then "
+            "please unzip both in the TESK folder.",
+            MsgButtons::Ok, MsgIcon::Information, "TESK Software Modem");
       }
     } else {
       const MsgResult r = dialogs.msgBox(
@@ -378,8 +384,8 @@ void Startup::stepsMailboxAndTray() {
   mailbox.TESKRegistryMod(text, 7);
   std::string status = "<<TESK Not Running Or TESK Server Mode Not Active!>>";
   if (On(config.TESKServer) || On(run.ServerSwitch)) {
-    status = Left(run.EngineStatus, 2) == "No" ? "TESK Running, but no AGWPE!"
-                                               : "TESK Server Active!";
+    status =
+        Left(run.EngineStatus, 2) == "No" ? "TESK Running, but no AGWPE!" : "TESK Server Active!";
     mailbox.TESKRegistryMod(status, 1);
     mailbox.TESKRegistryMod(status, 2);
     text = std::string("Default") + '\0';
@@ -439,8 +445,9 @@ void Startup::WriteCheck() {
 void Startup::KlokkenTick() {
   Platform& platform = m_station.platform();
   MainWindow& main = m_station.mainWindow();
-  main.Klok.caption = platform.clock().longTime(platform.clock().localNow());
-  main.UTC_Klok.caption = platform.clock().longTime(platform.clock().utcNow());
+  // Later parts read these texts (heard times, beacon windows, reports): always "hh:mm:ss".
+  main.Klok.caption = ClockText(platform.clock().localNow());
+  main.UTC_Klok.caption = m_station.parts().monitor.BerekenUTC();
   if (On(m_station.run().LanMode)) m_station.parts().tcpLink.KlokkenTick();
   platform.views().refresh("main");
 }

@@ -17,16 +17,24 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
 }  // namespace
 
 StationParts::StationParts(Station& s)
-    : monitor(s.config(), s.mainWindow()),
+    : monitor(s.platform(), s.config(), s.mainWindow()),
       meld(s.platform()),
       tcpLink(s.platform(), s.config(), s.run(), s.mainWindow(),
               TcpLink::Parts{monitor, meld, mailbox, transmit}),
       direct(s.platform(), s.config(), s.run()),
       addOns(s.platform(), s.run(), s.mainWindow()),
       modem(s.platform(), s.config(), s.run(), s.mainWindow(), addOns),
-      ports(s.config(), s.run(), s.mainWindow()),
+      ports(s.platform(), s.config(), s.run(), s.mainWindow(), meld),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
-      core(s.platform(), s.config(), s.run(), tcpLink, monitor),
+      digiFlash(s.platform(), s.mainWindow()),
+      connection(s.run(), remoteCommands, handOffs),
+      beacon(s.config()),
+      core(s.platform(), s.config(), s.run(), s.mainWindow(),
+           PacketCore::Parts{tcpLink, monitor, filters, mailbox, heardList, digipeat,
+                             messageReception, packetLog, alarms, connection, beacon, digiFlash,
+                             handOffs},
+           [this](std::string& call, std::string& text, int32_t& kind, int32_t& length,
+                  int32_t& port) { return direct.AGWGetData(call, text, kind, length, port); }),
       startup(s),
       tmrMainPacketCore(s.platform().loop().createTimer()),
       tmrKlokken(s.platform().loop().createTimer()),
@@ -54,9 +62,13 @@ void Station::Start() {
   m_parts->startup.EntryRoutine();
 }
 
-void Station::Einde() { m_parts->startup.Einde(); }
+void Station::Einde() {
+  m_parts->startup.Einde();
+}
 
-bool Station::loaded() const { return m_parts->startup.loaded(); }
+bool Station::loaded() const {
+  return m_parts->startup.loaded();
+}
 
 void Station::consoleLine(const std::string& line) {
   // The operator console arrives with the transmit side; until then only :quit is understood.

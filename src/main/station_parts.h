@@ -4,12 +4,22 @@
 
 #include <memory>
 
+#include "alarms/alarms.h"
 #include "alarms/meld.h"
 #include "alarms/packet_log.h"
+#include "aprs/message_reception.h"
+#include "beacon/beacon_scheduler.h"
+#include "connected/connection_control.h"
+#include "connected/remote_commands.h"
 #include "connected/text_sending.h"
+#include "core/digi_flash.h"
+#include "core/digipeat.h"
+#include "core/hand_off_log.h"
 #include "core/monitor_console.h"
+#include "core/monitor_filters.h"
 #include "core/packet_core.h"
 #include "heard/heard_reports.h"
+#include "heard/mheard_list.h"
 #include "link/agw_direct.h"
 #include "link/modem_program.h"
 #include "link/tcp_link.h"
@@ -29,6 +39,7 @@ class Station;
 struct StationParts {
   explicit StationParts(Station& station);
 
+  HandOffLog handOffs;  // the order of the receive path's hand-offs, when recording
   MonitorConsole monitor;
   Meld meld;
   ModuleMailbox mailbox;
@@ -44,6 +55,16 @@ struct StationParts {
   TextSending textSending;
   TxPanel txPanel;
   SettingsFile settings;
+  // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
+  MonitorFilters filters;
+  DigiFlash digiFlash;
+  MHeardList heardList;
+  Digipeat digipeat;
+  MessageReception messageReception;
+  Alarms alarms;
+  RemoteCommands remoteCommands;
+  ConnectionControl connection;
+  BeaconScheduler beacon;
   PacketCore core;
   Startup startup;
 
