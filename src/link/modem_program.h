@@ -1,6 +1,10 @@
-// The outside modem program: started at load when asked, closed at exit, and the outside
-// terminal program prepared for LAN mode.
+// The outside modem program: which one lies in the program folder, its start at load when
+// asked, its close at exit, and the outside terminal program prepared for LAN mode. On this
+// platform a modem program's "window" is the running program of a matching name, of this user.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include "main/main_window.h"
 #include "main/run_state.h"
@@ -11,6 +15,27 @@ namespace tesk {
 
 class AddOns;
 
+// The modem number of the programs found in `appPath` (0 none, 1 SoundModem, 2 AGW Packet
+// Engine, 3 Dire Wolf or Packet Engine Pro). The files are tested in a fixed order and the last
+// one found decides.
+void CheckForSoundModem(const std::string& appPath, int16_t& result);
+
+// The path of a SoundModem program in `appPath` ("soundmodem.exe", "soundmodem" or
+// "QtSoundModem", the first found), or "" when there is none.
+std::string SoundModemInFolder(const std::string& appPath);
+
+// The program names that stand for a modem window's title: "soundmodem" is either SoundModem,
+// "Packet Engine" the AGW engines and Dire Wolf; any other title is a program name itself.
+std::vector<std::string> ModemProgramNames(const std::string& title);
+
+// The handle of the first running program that stands for `title`, or 0.
+long FindModemWindow(Shell& shell, const std::string& title);
+
+// Rewrites an outside terminal's settings file so that it reaches the same engine: at most 61
+// lines are kept, and the incoming call, host and port lines are replaced.
+void RewriteTermIni(const std::string& path, const std::string& call, const std::string& host,
+                    long port);
+
 class ModemProgram {
  public:
   ModemProgram(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
@@ -20,8 +45,9 @@ class ModemProgram {
   void StartModemProgram();
   // Closes the modem program ("window" of the type's title); nothing is waited for.
   void DetectProgWindow();
-  // Enables the Connect button for an outside terminal program in LAN mode (built later).
-  void CheckForTerminal() {}
+  // In LAN mode: offers the Connect button for an outside terminal program in the program
+  // folder, and points that program at the same engine.
+  void CheckForTerminal();
 
  private:
   Platform& m_platform;
