@@ -5,18 +5,23 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/app_options.h"
 #include "app/signal_pipe.h"
 #include "main/station.h"
+#include "main/station_parts.h"
 #include "platform/qt/console_monitor.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_views.h"
+#include "sim/qt_agw_listener.h"
+#include "sim/qt_demo_engine.h"
 
 namespace {
 
@@ -57,6 +62,7 @@ void WireHeadless(tesk::QtPlatform& platform, tesk::Station& station,
 void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& shutDown) {
   tesk::QtViews& views = *platform.qtViews();
   views.setSplashText([&station]() { return "Version " + station.run().VersionText; });
+  views.attachLanSetup(station.parts().lanSetup);
   views.attachMainWindow(
       station.mainWindow(),
       [&station]() {
@@ -64,6 +70,32 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
         return tesk::MonitorLook{c.ScreenColor, c.MonitorFontname, c.FontSize, c.FontBold != 0};
       },
       [&shutDown]() { shutDown(); });
+}
+
+// Starts the simulated engine for --demo and points the station at it for this run only.
+bool StartDemoEngine(tesk::sim::QtDemoEngine& engine, const std::string& appPath,
+                     tesk::StationOptions& stationOptions) {
+  const std::string passFile =
+      tesk::sim::FindDefaultPass(appPath, QCoreApplication::applicationDirPath().toStdString());
+  std::string error = "no pass file found";
+  std::optional<tesk::sim::Scenario> scenario;
+  if (!passFile.empty()) scenario = tesk::sim::LoadScenario(passFile, error);
+  int port = 0;
+  if (scenario) {
+    tesk::sim::EngineOptions options;
+    options.scenario = std::move(*scenario);
+    options.seed = static_cast<uint32_t>(QDateTime::currentSecsSinceEpoch());
+    port = engine.start(std::move(options), {}, error);
+  }
+  if (port == 0) {
+    std::fprintf(stderr, "tesk: the simulated engine did not start: %s\n", error.c_str());
+    return false;
+  }
+  std::fprintf(stderr, "tesk: simulated satellite pass on 127.0.0.1:%d\n", port);
+  stationOptions.overrideHost = "127.0.0.1";
+  stationOptions.overridePort = port;
+  stationOptions.demo = true;
+  return true;
 }
 
 }  // namespace
@@ -83,12 +115,13 @@ int main(int argc, char** argv) {
   const std::string problem =
       tesk::PrepareAppPath(appPath, QCoreApplication::applicationDirPath().toStdString());
   if (!problem.empty()) std::fprintf(stderr, "tesk: %s\n", problem.c_str());
-  if (options.demo) std::puts("demo mode is not available yet");
 
   tesk::QtPlatform platform(
       options.headless, tesk::QtPlatform::DescribeSystem(options.commandLine, options.headless));
   tesk::StationOptions stationOptions;
   stationOptions.appPath = appPath;
+  tesk::sim::QtDemoEngine demoEngine;
+  if (options.demo && !StartDemoEngine(demoEngine, appPath, stationOptions)) return 1;
   tesk::Station station(platform, stationOptions);
   ShutDown shutDown(station, platform);
   tesk::ConsoleMonitor monitor(station.mainWindow().txtMonitor, isatty(STDOUT_FILENO) != 0);

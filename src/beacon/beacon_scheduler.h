@@ -38,6 +38,10 @@ class BeaconScheduler {
   // A received frame that passed the gate may release a held Smart Beacon.
   void SmartBeaconRelease(const std::string& frameText);
 
+  // The automatic stop on enough own digipeats: clears [Beacon] and nothing else (the caption
+  // of lblBeacon stays until the operator's next action).
+  void StopOnDigipeats() { m_config.Beacon = 0; }
+
   bool SmartBeaconOn() const;
   std::string SmartBeaconText() const;
 

@@ -33,6 +33,11 @@ void DigiFlash::TransmitLamp() {
   m_platform.views().refresh("main");
 }
 
+void DigiFlash::DigiFlashStart() {
+  LightMode = Digi;
+  m_timer->setEnabled(true);
+}
+
 void DigiFlash::EndDigiFlash() {
   m_main.imgLogoDigi.visible = false;
   m_timer->setEnabled(false);

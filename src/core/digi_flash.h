@@ -21,6 +21,8 @@ class DigiFlash {
   void ReceiveLamp();
   // The transmit lamp of every transmission.
   void TransmitLamp();
+  // The digipeat flash of an own frame come back: the picture and the red total.
+  void DigiFlashStart();
   // The tick of tmrDigiFlash.
   void Tick();
 

@@ -1,18 +1,41 @@
 // Digipeat tracking: whether a painted header is the station's own frame come back through a
-// digipeater. Built later; until then no header counts.
+// digipeater. A counted frame raises the total, flashes, plays the digi sound and may end the
+// beacon once enough digipeats came back.
 #pragma once
 
 #include <string>
 
+#include "main/main_window.h"
+#include "platform/platform.h"
+#include "settings/station_config.h"
+
 namespace tesk {
+
+class BeaconScheduler;
+class DigiFlash;
+class SoundTable;
 
 class Digipeat {
  public:
+  Digipeat(Platform& platform, StationConfig& config, MainWindow& main, DigiFlash& flash,
+           SoundTable& sounds, BeaconScheduler& beacon);
+
   // True when the frame counted as an own digipeat; the header is then painted in [DigiColor].
-  bool LogDigi(const std::string& header) {
-    (void)header;
-    return false;
-  }
+  bool LogDigi(const std::string& header);
+  // True when the header shows the own call digipeated, by [OptionalDigLogSSID]; counts nothing.
+  bool IsOwnDigipeat(const std::string& header) const;
+  // "Reset your digipeated total".
+  void mnuShowDigiStatuss_Click();
+
+  float DigipeatedTotal = 0;  // since start or reset; never saved
+
+ private:
+  Platform& m_platform;
+  StationConfig& m_config;
+  MainWindow& m_main;
+  DigiFlash& m_flash;
+  SoundTable& m_sounds;
+  BeaconScheduler& m_beacon;
 };
 
 }  // namespace tesk

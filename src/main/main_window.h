@@ -13,6 +13,11 @@
 
 namespace tesk {
 
+class MonitorConsole;
+class MonitorFilters;
+class MonitorFind;
+class TxPanel;
+
 // An indexed menu (menuedits item 100, menusends item 9): sparse, created on first use.
 using MenuArray = std::map<int, MenuItem>;
 
@@ -102,6 +107,95 @@ struct MainWindow {
   // The images that open the popups of the transmit (menuAgwport) and receive
   // (menuAgwportRX) port rows.
   Image imgTXPortSelector, imgRXPortSelector;
+
+  // ---- transmit fields: the length counters, the list edit buttons, the fields' handlers ----
+  // LblMaxLengte 0 to 2 count the Text/data, APRS comment and Message fields, each in its own
+  // colour below the limit and in red above it.
+  std::array<Label, 3> LblMaxLengte = [] {
+    std::array<Label, 3> counters;
+    const Color under[3] = {RGB(0, 128, 0), RGB(0, 0, 255), RGB(128, 0, 128)};
+    for (int i = 0; i < 3; ++i) {
+      counters[i].caption = "0";
+      counters[i].foreColor = under[i];
+      counters[i].toolTip = "Number of characters";
+    }
+    return counters;
+  }();
+  // Open the list editor on the Text/data, APRS comment and Message histories.
+  std::array<Button, 3> cmdEditTXData = [] {
+    std::array<Button, 3> buttons;
+    const char* tips[3] = {"Edit the Text/data list", "Edit the APRS position comment list",
+                           "Edit the APRS message list"};
+    for (int i = 0; i < 3; ++i)
+      buttons[i].toolTip = tips[i];
+    return buttons;
+  }();
+  // The transmit field that has the keyboard focus, by name; a handler that moves the focus
+  // (Enter in cmbFor) sets it, and the view follows.
+  std::string txFocus;
+  // The handlers of the transmit fields' keys, list picks, focus and drops; set by the panel.
+  TxPanel* txPanel = nullptr;
+
+  // ---- packet logs: the automatic log's label and the "Open" log entries ----
+  // Double click switches the automatic log on ("All") or off; a right press pops up the log
+  // menu mnuautolog.
+  Label AutoLogLabel = [] {
+    Label l;
+    l.caption = "Log OFF";
+    l.toolTip = "Double click to change Autolog status (right-click for options)";
+    l.backColor = static_cast<Color>(0x8000000F);  // the system's button face
+    l.foreColor = static_cast<Color>(0x80000012);  // the system's button text
+    return l;
+  }();
+  // 10 today's automatic log, 20 any log, 40 the Digi LogBook.
+  MenuArray mnuOpenLog;
+  // The handlers of the log menus and label, and the note window; set by their owners.
+  class PacketLog* packetLog = nullptr;
+  class Meld* meld = nullptr;
+
+  // ---- Monitor operations and filters: the buttons under the Monitor, the find and count
+  // entries, and the handlers the view forwards the Monitor's events to ----
+  Button cmdMonitorClear, cmdMonitorCut, cmdMonitorCopy, cmdMonitorPaste, cmdMonitorSave,
+      cmdMonitorOpen, cmdMonitorPrint, cmdFind;
+  MenuItem menufind, menufindcount, ExportToASCII;
+  MenuItem menuFindNext = [] {
+    MenuItem m;
+    m.enabled = false;  // until a search has found something
+    return m;
+  }();
+  // The control that has the keyboard focus, by name ("txtMonitor", "cmbDataText", ...); the
+  // view sets it before it runs a handler.
+  std::string ActiveControl;
+  MonitorConsole* monitorConsole = nullptr;
+  MonitorFilters* monitorFilters = nullptr;
+  MonitorFind* monitorFind = nullptr;
+
+  // ---- stations heard and own digipeats: the counter under the list, the hidden copy that the
+  // auto-clear leaves alone, the list's buttons and menus, the digipeat total's menu ----
+  Label StationTeller = [] {
+    Label l;
+    l.caption = "0";
+    l.toolTip = "Number of stations heard";
+    return l;
+  }();
+  ListBox lstMHeardbak = [] {
+    ListBox b;
+    b.visible = false;
+    return b;
+  }();
+  Button cmdMHeardClear, cmdMheardSave, cmdViewMHeardList;
+  // mnuMHeard: menumheardoptions 20 to 100 and the paste entries 10, 20, 30; items 55 and 58,
+  // and 25 and 30 of mnuPictureViewerImg, are visible only while the list's popup is up.
+  MenuArray menumheardoptions, menumheardoptionspaste, mnuPictureViewerImg;
+  bool mnuMHeardPopup = false;  // set by a right release on the list: the view pops it up
+  MenuItem mnuShowDigiStatuss = [] {
+    MenuItem m;
+    m.caption = "Reset your digipeated total";
+    return m;
+  }();
+  class MHeardList* heardList = nullptr;
+  class Digipeat* digipeat = nullptr;
+  class ViewHeard* viewHeard = nullptr;  // frmViewHeard
 };
 
 }  // namespace tesk

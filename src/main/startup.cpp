@@ -22,8 +22,14 @@ constexpr int kVersionRevision = 4;
 constexpr const char* kAppKey = "TESKAPPKEY1";  // 11 characters handed to the engine library
 constexpr const char* kModuleApp = "XX9TK\\TESK";
 
-bool On(int v) {
-  return v != 0;
+bool On(int v) { return v != 0; }
+
+// The reader fills the transmit fields as code; their change handlers run here, as the original
+// controls fired them, so the counters and typing limits are right from the start.
+void RefreshTxCounters(StationParts& parts) {
+  parts.txPanel.Change(TxField::DataText);
+  parts.txPanel.Change(TxField::APRSPos);
+  parts.txPanel.Change(TxField::APRSMessage);
 }
 
 }  // namespace
@@ -126,6 +132,7 @@ void Startup::stepsPathsAndSettings() {
   run.PacketLengths = {255, 192, 160, 128, 96, 80, 64};
   m_step = 7;
   parts.settings.LoadSettings();
+  RefreshTxCounters(parts);
   LoadLANINI(config, run, run.AppPath);
   m_step = 8;
   if (On(config.EditMonitor)) {
@@ -146,13 +153,10 @@ void Startup::stepsProgramsAndWindow() {
   m_step = 10;
   parts.modem.StartModemProgram();
   m_step = 11;
-  if (On(config.intRunExtApp) && Len(config.strRunExtApp1) > 5) {
-    parts.addOns.RunBatchApplication("/RUN" + config.strRunExtApp1);
+  for (const std::string* program : {&config.strRunExtApp1, &config.strRunExtApp2}) {
+    if (!On(config.intRunExtApp) || Len(*program) <= 5) continue;
+    parts.addOns.RunBatchApplication("/RUN" + *program);
     platform.loop().yield();
-    if (Len(config.strRunExtApp2) > 5) {
-      parts.addOns.RunBatchApplication("/RUN" + config.strRunExtApp2);
-      platform.loop().yield();
-    }
   }
   m_step = 12;
   parts.addOns.BuildExternalProgramsMenu();
@@ -172,7 +176,7 @@ void Startup::stepsProgramsAndWindow() {
 }
 
 bool Startup::soundModemInFolder() const {
-  return FileExists(JoinPath(m_station.run().AppPath, "soundmodem.exe"));
+  return !SoundModemInFolder(m_station.run().AppPath).empty();
 }
 
 bool Startup::FirstRunCallSign() {
@@ -194,7 +198,7 @@ bool Startup::FirstRunCallSign() {
     return false;
   }
   config.YourCallSign = UCase(Trim(answer));
-  const std::string modem = JoinPath(run.AppPath, "soundmodem.exe");
+  const std::string modem = SoundModemInFolder(run.AppPath);
   if (soundModemInFolder()) {
     config.TypeOfModem = 1;
     config.AutoRunModemProgram = 1;
@@ -216,23 +220,21 @@ bool Startup::FirstRunCallSign() {
     box->listIndex = -1;
   }
   parts.settings.LoadSettings();
+  RefreshTxCounters(parts);
   run.FirstRun = true;
   return true;
 }
 
 void Startup::stepsLogsAndTicks() {
   Platform& platform = m_station.platform();
-  RunState& run = m_station.run();
   MainWindow& main = m_station.mainWindow();
   StationConfig& config = m_station.config();
   StationParts& parts = m_station.parts();
   m_step = 16;
   if (On(config.AutoDigiLogBook)) {
     main.mnuautolog[40].checked = true;
-    std::string call = config.YourCallSign;
-    const long dash = InStr(call, "-");
-    if (dash > 0) call = Left(call, dash - 1);
-    main.mnuautolog[50].enabled = FileExists(run.AppPath + "/Logs/DigiLogBook_" + call + ".log");
+    // The Digi LogBook is named by the call cut at its first "-".
+    main.mnuautolog[50].enabled = FileExists(parts.packetLog.DigiLogBookPath());
   }
   m_step = 17;
   parts.tmrMainPacketCore->setInterval(On(config.SlowPC) ? 500 : 250);
@@ -356,7 +358,7 @@ void Startup::stepsCoreAndLabels() {
     main.lblBeacon.backColor = QBColor(14);
   }
   m_step = 25;
-  if (On(config.AutomaticLogging)) parts.packetLog.AutoLog();
+  if (On(config.AutomaticLogging)) parts.packetLog.AutoLog(config.AutomaticLogging);
   parts.ports.ToonAktievePoort();
   m_step = 26;
   if (Len(config.APRS) < 20 || !On(config.APRSEnabled)) {
@@ -449,6 +451,7 @@ void Startup::KlokkenTick() {
   main.Klok.caption = ClockText(platform.clock().localNow());
   main.UTC_Klok.caption = m_station.parts().monitor.BerekenUTC();
   if (On(m_station.run().LanMode)) m_station.parts().tcpLink.KlokkenTick();
+  m_station.parts().heardList.AutoClearTick();
   platform.views().refresh("main");
 }
 

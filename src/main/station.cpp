@@ -9,24 +9,38 @@ namespace {
 
 SettingsHooks MakeSettingsHooks(StationParts& parts) {
   SettingsHooks hooks;
-  hooks.AutoLog = [&parts](int) { parts.packetLog.AutoLog(); };
+  hooks.AutoLog = [&parts](int index) { parts.packetLog.AutoLog(index); };
   hooks.CalcUTC = [&parts] { parts.monitor.CalcUTC(); };
+  hooks.menufilters_Click = [&parts](int index) { parts.filters.menufilters_Click(index); };
+  hooks.setFilterText = [&parts](const std::string& text) { parts.filters.SetFilterText(text); };
   return hooks;
 }
 
 }  // namespace
 
 StationParts::StationParts(Station& s)
-    : monitor(s.platform(), s.config(), s.mainWindow()),
-      meld(s.platform()),
+    : monitor(s.platform(), s.config(), s.mainWindow(), s.run()),
+      meld(s.platform(), s.mainWindow()),
+      sounds(s.platform(), s.config(), s.run()),
       tcpLink(s.platform(), s.config(), s.run(), s.mainWindow(),
               TcpLink::Parts{monitor, meld, mailbox, transmit}),
       direct(s.platform(), s.config(), s.run()),
       addOns(s.platform(), s.run(), s.mainWindow()),
       modem(s.platform(), s.config(), s.run(), s.mainWindow(), addOns),
+      lanSetup(s.platform(), s.config(), s.run(), LanSetup::Parts{tcpLink, meld, modem}),
       ports(s.platform(), s.config(), s.run(), s.mainWindow(), meld),
+      packetLog(s.platform(), s.config(), s.run(), s.mainWindow(),
+                [this] { settings.SaveSettings(); }),
+      txPanel(s.platform(), s.config(), s.run(), s.mainWindow(), ports, meld,
+              [this] { beacon.BeaconSeconds = 0; }),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
+      filters(s.platform(), s.config(), s.mainWindow()),
+      find(s.platform(), s.mainWindow()),
       digiFlash(s.platform(), s.mainWindow()),
+      heardList(s.platform(), s.config(), s.run(), s.mainWindow()),
+      viewHeard(s.platform(), s.config(), s.mainWindow(), heardList),
+      digipeat(s.platform(), s.config(), s.mainWindow(), digiFlash, sounds, beacon),
+      alarms(s.config(), sounds, meld, packetLog),
       connection(s.run(), remoteCommands, handOffs),
       beacon(s.config()),
       core(s.platform(), s.config(), s.run(), s.mainWindow(),

@@ -7,6 +7,7 @@
 #include "alarms/alarms.h"
 #include "alarms/meld.h"
 #include "alarms/packet_log.h"
+#include "alarms/sound_table.h"
 #include "aprs/message_reception.h"
 #include "beacon/beacon_scheduler.h"
 #include "connected/connection_control.h"
@@ -17,10 +18,13 @@
 #include "core/hand_off_log.h"
 #include "core/monitor_console.h"
 #include "core/monitor_filters.h"
+#include "core/monitor_find.h"
 #include "core/packet_core.h"
 #include "heard/heard_reports.h"
 #include "heard/mheard_list.h"
+#include "heard/view_heard.h"
 #include "link/agw_direct.h"
+#include "link/lan_setup.h"
 #include "link/modem_program.h"
 #include "link/tcp_link.h"
 #include "link/transmit_primitives.h"
@@ -42,12 +46,14 @@ struct StationParts {
   HandOffLog handOffs;  // the order of the receive path's hand-offs, when recording
   MonitorConsole monitor;
   Meld meld;
+  SoundTable sounds;
   ModuleMailbox mailbox;
   TransmitPrimitives transmit;
   TcpLink tcpLink;
   AgwDirect direct;
   AddOns addOns;
   ModemProgram modem;
+  LanSetup lanSetup;
   Ports ports;
   ViewPort viewPort;
   HeardReports heardReports;
@@ -57,8 +63,10 @@ struct StationParts {
   SettingsFile settings;
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;
+  MonitorFind find;
   DigiFlash digiFlash;
   MHeardList heardList;
+  ViewHeard viewHeard;  // frmViewHeard
   Digipeat digipeat;
   MessageReception messageReception;
   Alarms alarms;

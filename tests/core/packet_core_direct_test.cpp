@@ -115,7 +115,7 @@ TEST_F(PacketCoreDirect, AssumedConnectionTestCombinesPositionsWithBitwiseAnd) {
             "LogPacketToDisk(1), LogPacketToDisk(2), buffer limit, ConnectedData, "
             "PackCommand(rest)");
   // The test stands before the filter and does not depend on it.
-  parts().filters.noFilter = false;
+  parts().filters.SetFilterText("");  // a filter that passes nothing
   record();
   script.items.push_back({text, 'U'});
   tick();

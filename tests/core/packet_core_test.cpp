@@ -177,8 +177,7 @@ TEST_F(PacketCoreLan, RemoveDoubleShowsDropsAndShowsAgain) {
 
 TEST_F(PacketCoreLan, FilteredFrameIsNotShownButStillAlarmsAndMeetsTheLimit) {
   startLan();
-  parts().filters.noFilter = false;
-  parts().filters.filterText = "XYZ";
+  parts().filters.SetFilterText("XYZ");
   config().AlarmSet = 2;
   config().AlarmSetDataText = "hello";
   config().SlowPC = -1;
@@ -189,7 +188,7 @@ TEST_F(PacketCoreLan, FilteredFrameIsNotShownButStillAlarmsAndMeetsTheLimit) {
   EXPECT_EQ(hands().joined(), "LogEerstPoorten, buffer limit, PlayAlarm(2)");
   EXPECT_EQ(txt().text(), std::string(16000, 'x'));  // nothing shown, so nothing to cut
   // A passing frame is shown, and the limit cuts the buffer after it.
-  parts().filters.filterText = "PA3ABC";
+  parts().filters.SetFilterText("PA3ABC");
   feed(EngineText("HELLO again\r"));
   EXPECT_EQ(txt().length(), 8000u);
 }

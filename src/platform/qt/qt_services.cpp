@@ -2,18 +2,68 @@
 #include "platform/qt/qt_services.h"
 
 #include <QClipboard>
+#include <QFileInfo>
+#include <QFontDatabase>
 #include <QGuiApplication>
+#include <QPdfWriter>
+#include <QProcess>
+#include <QTextDocument>
+#ifdef TESK_HAVE_QT_PRINTSUPPORT
+#include <QPrinter>
+#endif
 
 #include "platform/qt/qt_text.h"
 
 namespace tesk {
 
 void QtSound::play(const std::string&) {
-  // Sound files are not played yet; an alarm shows in the Monitor and the note window anyway.
+  // QSoundEffect would play without waiting and without a device too, but Qt 6.4's sample
+  // cache deadlocks in its exit handler after a file was loaded; a hung exit is worse than a
+  // silent alarm, which shows in the Monitor, the note window or the alarm log anyway.
 }
 
-bool QtPrinter::printText(const std::string&) {
-  return false;
+namespace {
+
+// The text as pages in the fixed font of 9 points, on any paged device (printer or PDF).
+void PrintPages(const std::string& text, QPagedPaintDevice& device) {
+  QTextDocument doc;
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSize(9);
+  doc.setDefaultFont(font);
+  doc.setPlainText(ToQStringLines(text));
+  doc.print(&device);
+}
+
+bool HasGui() {
+  return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+}  // namespace
+
+bool QtPrinter::printText(const std::string& text) {
+  if (!m_outputFile.empty()) {
+    if (!HasGui()) return false;  // laying out pages needs the fonts of a windowed program
+    QPdfWriter pdf(ToQString(m_outputFile));
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    pdf.setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
+    PrintPages(text, pdf);
+    return QFileInfo::exists(ToQString(m_outputFile));
+  }
+#ifdef TESK_HAVE_QT_PRINTSUPPORT
+  if (HasGui()) {
+    QPrinter printer(QPrinter::HighResolution);
+    if (!printer.isValid()) return false;
+    PrintPages(text, printer);
+    return true;
+  }
+#endif
+  // The print command takes plain text on its input and sends it to the default printer.
+  QProcess lp;
+  lp.start(QStringLiteral("lp"), {QStringLiteral("-s")});
+  if (!lp.waitForStarted(5000)) return false;
+  lp.write(ToQStringLines(text).toUtf8());
+  lp.closeWriteChannel();
+  return lp.waitForFinished(10000) && lp.exitStatus() == QProcess::NormalExit && lp.exitCode() == 0;
 }
 
 void QtClipboard::setText(const std::string& text) {

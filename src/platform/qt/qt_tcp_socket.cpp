@@ -7,6 +7,15 @@ namespace tesk {
 
 namespace {
 
+// Calls an event handler through a copy: a handler may destroy the socket, and with it the
+// std::function that is running.
+template <typename Fn, typename... Args>
+void Fire(const Fn& handler, Args&&... args) {
+  if (!handler) return;
+  Fn copy = handler;
+  copy(std::forward<Args>(args)...);
+}
+
 std::vector<uint8_t> ToBytes(const QByteArray& a) {
   return std::vector<uint8_t>(reinterpret_cast<const uint8_t*>(a.constData()),
                               reinterpret_cast<const uint8_t*>(a.constData()) + a.size());
@@ -15,9 +24,7 @@ std::vector<uint8_t> ToBytes(const QByteArray& a) {
 }  // namespace
 
 QtTcpSocket::QtTcpSocket() : m_socket(new QTcpSocket) {
-  connect(m_socket, &QTcpSocket::readyRead, this, [this]() {
-    if (onDataArrival) onDataArrival();
-  });
+  connect(m_socket, &QTcpSocket::readyRead, this, [this]() { Fire(onDataArrival); });
   connect(m_socket, &QTcpSocket::errorOccurred, this, &QtTcpSocket::onQtError);
   connect(m_socket, &QTcpSocket::bytesWritten, this, &QtTcpSocket::onBytesWritten);
 }
@@ -128,21 +135,23 @@ int QtTcpSocket::ErrorNumber(QAbstractSocket::SocketError error) {
 void QtTcpSocket::onQtError(QAbstractSocket::SocketError error) {
   // The far end closing the connection is the close event, not an error.
   if (error == QAbstractSocket::RemoteHostClosedError) {
-    if (onClose) onClose();
+    Fire(onClose);
     return;
   }
   m_lastError = FromQString(m_socket->errorString());
-  if (onError) onError(ErrorNumber(error), m_lastError);
+  const std::string text = m_lastError;  // the handler may drop the socket
+  Fire(onError, ErrorNumber(error), text);
 }
 
 void QtTcpSocket::onBytesWritten(qint64 n) {
   m_sentInBatch += static_cast<long>(n);
   const long remaining = static_cast<long>(m_socket->bytesToWrite());
-  if (onSendProgress) onSendProgress(m_sentInBatch, remaining);
-  if (remaining == 0) {
-    m_sentInBatch = 0;
-    if (onSendComplete) onSendComplete();
-  }
+  const long sent = m_sentInBatch;
+  if (remaining == 0) m_sentInBatch = 0;
+  // The progress handler may drop the socket: decide about the complete event first.
+  auto complete = remaining == 0 ? onSendComplete : std::function<void()>();
+  Fire(onSendProgress, sent, remaining);
+  if (complete) complete();
 }
 
 }  // namespace tesk

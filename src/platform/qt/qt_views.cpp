@@ -3,13 +3,24 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QSplashScreen>
 #include <cstdio>
 
+#include "alarms/meld.h"
 #include "base/cp1252.h"
+#include "base/text.h"
+#include "core/monitor_find.h"
+#include "heard/view_heard.h"
 #include "main/main_window.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/edit_tx_data_view.h"
+#include "platform/qt/views/find_view.h"
+#include "platform/qt/views/lan_setup_view.h"
 #include "platform/qt/views/main_window_view.h"
+#include "platform/qt/views/meld_view.h"
+#include "platform/qt/views/view_heard_view.h"
+#include "transmit/tx_panel.h"
 
 namespace tesk {
 
@@ -67,12 +78,98 @@ MainWindowView& QtViews::ensureMain() {
   if (!m_main) {
     m_main = std::make_unique<MainWindowView>(*m_mainData);
     m_main->setOnClose(m_onClose);
+    if (m_lanData != nullptr) m_main->setCommand("mnuLanSetup", [lan = m_lanData] { lan->Show(); });
   }
   return *m_main;
 }
 
+EditTXDataView* QtViews::ensureEditTXData() {
+  if (!m_editTXData && m_mainData != nullptr && m_mainData->txPanel != nullptr)
+    m_editTXData = std::make_unique<EditTXDataView>(m_mainData->txPanel->editor(), m_main.get());
+  return m_editTXData.get();
+}
+
+void QtViews::attachLanSetup(LanSetup& lan) {
+  m_lanData = &lan;
+  if (m_main) m_main->setCommand("mnuLanSetup", [lan = m_lanData] { lan->Show(); });
+}
+
+void QtViews::showMeld() {
+  if (m_mainData == nullptr || m_mainData->meld == nullptr) return;
+  if (!m_meld) {
+    MainWindow* data = m_mainData;
+    m_meld = std::make_unique<MeldView>(
+        data->meld->window(),
+        [data] {
+          if (data->meld != nullptr) data->meld->cmd_OK_Meld_Click();
+        },
+        m_main.get());
+  }
+  m_meld->refresh();
+  if (m_main && m_main->isVisible()) {
+    const QWidget& monitor = m_main->monitor();
+    const QRect anchor(monitor.mapToGlobal(QPoint(0, 0)), monitor.size());
+    const QScreen* screen = m_main->screen();
+    m_meld->placeBeside(anchor, screen != nullptr ? screen->availableGeometry() : anchor);
+  } else {
+    m_meld->placeByData();
+  }
+  m_meld->show();
+  m_meld->raise();
+}
+
+void QtViews::showFind() {
+  if (m_mainData == nullptr || m_mainData->monitorFind == nullptr) return;
+  MonitorFind& find = *m_mainData->monitorFind;
+  if (!m_find) {
+    // After each press the main window repaints, and a hit in the Monitor shows selected.
+    m_find = std::make_unique<FindView>(
+        find,
+        [this, &find] {
+          if (!m_main) return;
+          m_main->refresh();
+          if (find.mode() == 0) m_main->monitor().showModelSelection();
+        },
+        m_main.get());
+  }
+  m_find->refresh();
+  m_find->show();
+  m_find->raise();
+  m_find->activateWindow();
+}
+
 void QtViews::show(const std::string& window) {
-  if (window == "main" && m_mainData != nullptr) {
+  if (window == "Meld") {
+    showMeld();
+    return;
+  }
+  if (window == MonitorFind::kWindowName) {
+    showFind();
+    return;
+  }
+  if (window == ViewHeard::kWindowName) {
+    if (m_mainData == nullptr || m_mainData->viewHeard == nullptr) return;
+    if (!m_viewHeard)
+      m_viewHeard = std::make_unique<ViewHeardView>(*m_mainData->viewHeard, m_main.get());
+    m_viewHeard->refresh();
+    m_viewHeard->show();
+    m_viewHeard->raise();
+    return;
+  }
+  if (window == LanSetup::kWindowName && m_lanData != nullptr) {
+    if (!m_lanSetup) m_lanSetup = std::make_unique<LanSetupView>(*m_lanData, m_main.get());
+    m_lanSetup->refresh();
+    m_lanSetup->show();
+    m_lanSetup->raise();
+    m_lanSetup->activateWindow();
+  } else if (window == EditTXData::kWindowName) {
+    if (EditTXDataView* view = ensureEditTXData()) {
+      view->refresh();
+      view->show();
+      view->raise();
+      view->activateWindow();
+    }
+  } else if (window == "main" && m_mainData != nullptr) {
     MainWindowView& view = ensureMain();
     if (m_look) view.setMonitorLook(m_look());
     view.refresh();
@@ -101,7 +198,23 @@ void QtViews::show(const std::string& window) {
 }
 
 void QtViews::hide(const std::string& window) {
-  if (window == "main" && m_main) {
+  if (window == "Meld") {
+    if (m_meld) m_meld->hide();
+    return;
+  }
+  if (window == ViewHeard::kWindowName) {
+    if (m_viewHeard) m_viewHeard->hide();
+    return;
+  }
+  if (window == MonitorFind::kWindowName) {
+    if (m_find) m_find->hide();
+    return;
+  }
+  if (window == LanSetup::kWindowName) {
+    if (m_lanSetup) m_lanSetup->hide();
+  } else if (window == EditTXData::kWindowName) {
+    if (m_editTXData) m_editTXData->hide();
+  } else if (window == "main" && m_main) {
     m_main->hide();
   } else if (window == "tray" && m_main) {
     m_main->refresh();
@@ -112,11 +225,19 @@ void QtViews::hide(const std::string& window) {
 }
 
 void QtViews::refresh(const std::string& window) {
+  if ((window.empty() || window == "Meld") && m_meld) m_meld->refresh();
+  if ((window.empty() || window == ViewHeard::kWindowName) && m_viewHeard) m_viewHeard->refresh();
+  if ((window.empty() || window == MonitorFind::kWindowName) && m_find) m_find->refresh();
   if ((window.empty() || window == "main") && m_main) m_main->refresh();
+  if ((window.empty() || window == LanSetup::kWindowName) && m_lanSetup) m_lanSetup->refresh();
+  if ((window.empty() || window == EditTXData::kWindowName) && m_editTXData)
+    m_editTXData->refresh();
 }
 
 void HeadlessViews::notice(const std::string& text) {
-  const std::string line = Cp1252ToUtf8(text);
+  // A note of several lines is still one line on the console.
+  const std::string flat = Replace(Replace(Replace(text, CRLF, " "), CR, " "), LF, " ");
+  const std::string line = Cp1252ToUtf8(flat);
   if (m_out) {
     m_out(line);
     return;

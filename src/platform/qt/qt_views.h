@@ -16,6 +16,12 @@ namespace tesk {
 
 struct MainWindow;
 class MainWindowView;
+class LanSetup;
+class LanSetupView;
+class EditTXDataView;
+class MeldView;
+class ViewHeardView;
+class FindView;
 
 class QtViews : public Views {
  public:
@@ -31,16 +37,36 @@ class QtViews : public Views {
   void attachMainWindow(MainWindow& data, std::function<MonitorLook()> look,
                         std::function<void()> onClose);
   MainWindowView* mainView() { return m_main.get(); }
+  // The LAN settings window, opened from the main window's Options menu.
+  void attachLanSetup(LanSetup& lan);
+  LanSetupView* lanSetupView() { return m_lanSetup.get(); }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
+  // The note window, made the first time a note is shown (the station's note through the main
+  // window's data).
+  MeldView* meldView() { return m_meld.get(); }
+  // The MHeard details window, made the first time it is shown.
+  ViewHeardView* viewHeardView() { return m_viewHeard.get(); }
 
  private:
   MainWindowView& ensureMain();
+  // The find window, on the Monitor or the terminal's text.
+  void showFind();
+  // The list editor of the transmit histories, reached through the main window's panel.
+  EditTXDataView* ensureEditTXData();
+  // Shows the note beside the Monitor without taking the focus.
+  void showMeld();
 
   MainWindow* m_mainData = nullptr;
   std::function<MonitorLook()> m_look;
   std::function<void()> m_onClose;
   std::unique_ptr<MainWindowView> m_main;
+  LanSetup* m_lanData = nullptr;
+  std::unique_ptr<LanSetupView> m_lanSetup;  // after m_main: a child of it, destroyed first
+  std::unique_ptr<EditTXDataView> m_editTXData;
+  std::unique_ptr<MeldView> m_meld;            // after m_main: a child of it, destroyed first
+  std::unique_ptr<ViewHeardView> m_viewHeard;  // after m_main: a child of it
+  std::unique_ptr<FindView> m_find;            // frmFind, after m_main: a child of it
   std::unique_ptr<QSplashScreen> m_splash;
   std::function<std::string()> m_splashText;
 };

@@ -1,0 +1,86 @@
+// Find and count. A hit selects the text and moves the next start one past it, so repeated
+// presses walk through every hit; after the last one the operator is told the end is reached
+// and the next search starts from the top again.
+#include "core/monitor_find.h"
+
+#include "transmit/tx_panel.h"
+
+namespace tesk {
+
+MonitorFind::MonitorFind(Platform& platform, MainWindow& main)
+    : m_platform(platform), m_main(main) {
+  m_main.monitorFind = this;
+  m_target = &m_main.txtMonitor;
+  m_findNext = &m_main.menuFindNext;
+}
+
+MonitorFind::~MonitorFind() {
+  m_main.monitorFind = nullptr;
+}
+
+void MonitorFind::Show(int mode, RichText& target, MenuItem& findNext) {
+  if (!m_window.form.loaded) Form_Load();
+  m_mode = mode;
+  m_target = &target;
+  m_findNext = &findNext;
+  m_window.form.visible = true;
+  m_platform.views().show(kWindowName);
+}
+
+void MonitorFind::Form_Load() {
+  m_window = FindWindow{};
+  m_window.form.loaded = true;
+  m_start = 0;
+  m_found = false;
+}
+
+void MonitorFind::txtToFind_KeyPress(int keyAscii) {
+  if (keyAscii == 13) FindText();
+}
+
+void MonitorFind::CmdClose_Click() {
+  Form_Unload();
+}
+
+void MonitorFind::Form_Unload() {
+  if (!m_window.form.loaded) return;
+  m_window.form.loaded = false;
+  m_window.form.visible = false;
+  m_findNext->enabled = false;
+  m_platform.views().hide(kWindowName);
+}
+
+void MonitorFind::FindText() {
+  FindOptions options;
+  options.wholeWord = m_window.ChkWordOnly.checked();
+  options.matchCase = m_window.ChkCase.checked();
+  const long hit =
+      m_target->find(m_window.txtToFind.text, static_cast<std::size_t>(m_start), options);
+  if (hit >= 0) {
+    m_findNext->enabled = true;
+    m_start = hit + 1;
+    m_found = true;
+    return;
+  }
+  // The flag is never lowered again: after one hit every miss reads as the end.
+  m_platform.dialogs().msgBox(m_found ? "Reached the end..." : "Nothing found.", MsgButtons::Ok,
+                              MsgIcon::Information, "Find");
+  m_start = 0;
+}
+
+void MonitorFind::menufindcount_Click() {
+  Dialogs& dialogs = m_platform.dialogs();
+  for (;;) {
+    const std::string word = dialogs.inputBox(kCountPrompt, kCountTitle, m_lastCounted);
+    if (word.empty()) return;
+    m_lastCounted = word;
+    // Case-sensitive, non-overlapping and blind to word boundaries: "aa" is twice in "aaaa".
+    const long count = TxPanel::InstrCount(m_main.txtMonitor.text(), word);
+    const std::string result =
+        count > 0 ? "'" + word + "' has been found " + std::to_string(count) + " time(s)"
+                  : "'" + word + "' has NOT been found";
+    dialogs.msgBox(result, MsgButtons::Ok, MsgIcon::Information, "Results");
+  }
+}
+
+}  // namespace tesk

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# End-to-end run of the demo: `tesk --demo --headless` in a fresh program folder starts its
+# simulated engine on 127.0.0.1 and a free port, and frames repeated by the simulated satellite
+# (a Via list with a "*") must appear on standard output within 30 seconds. The LAN settings
+# file must not hold the demo engine's port afterwards: the address is for this run only.
+# Usage: demo_headless_test.sh PATH-TO-TESK
+set -uo pipefail
+# shellcheck source=tests/e2e/lib.sh
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+tesk=${1:-}
+[[ -n "$tesk" && -x "$tesk" ]] || e2e_fail "no tesk binary given or not executable: '${tesk}'"
+e2e_init
+
+home="$E2E_TMP/home"
+out="$E2E_TMP/stdout"
+err="$E2E_TMP/stderr"
+# The first run asks for the call sign; standard input stays open so that the end of input
+# never stands in for the answers that follow.
+"$tesk" --demo --headless --home "$home" < <(printf 'XX9TK\n'; sleep 120) >"$out" 2>"$err" &
+E2E_PIDS+=("$!")
+
+start=$SECONDS
+found=""
+while ((SECONDS - start < 30)); do
+  found=$(grep -m1 -E '^Fm [A-Z0-9-]+ To [A-Z0-9-]+ Via [A-Z0-9,-]*\*' "$out")
+  [[ -n "$found" ]] && break
+  sleep 0.5
+done
+[[ -n "$found" ]] || {
+  cat "$err" >&2
+  e2e_fail "no repeated frame on standard output within 30 s"
+}
+e2e_log "first repeated frame after $((SECONDS - start)) s: $found"
+
+port=$(sed -n 's/.*simulated satellite pass on 127\.0\.0\.1:\([0-9]*\).*/\1/p' "$err" | head -1)
+[[ -n "$port" ]] || e2e_fail "the demo did not say where its engine listens"
+e2e_stop "${E2E_PIDS[0]}" 5
+E2E_PIDS=()
+if grep -qs "$port" "$home/TESKLanMode.ini"; then
+  e2e_fail "the demo engine's port was written to the LAN settings"
+fi
+echo "PASS: demo repeated frames on standard output (engine port $port)"
