@@ -17,8 +17,13 @@ out="$E2E_TMP/stdout"
 err="$E2E_TMP/stderr"
 # The first run asks for the call sign; standard input stays open so that the end of input
 # never stands in for the answers that follow.
-"$tesk" --demo --headless --home "$home" < <(printf 'XX9TK\n'; sleep 120) >"$out" 2>"$err" &
+# A fifo held open by this script is that input; it closes when the script ends.
+fifo="$E2E_TMP/stdin"
+mkfifo "$fifo"
+"$tesk" --demo --headless --home "$home" <"$fifo" >"$out" 2>"$err" &
 E2E_PIDS+=("$!")
+exec 8>"$fifo"
+printf 'XX9TK\n' >&8
 
 start=$SECONDS
 found=""
