@@ -11,12 +11,14 @@ namespace tesk::testing {
 namespace {
 
 struct PassRun {
+  float ownDigipeated = 0;
+  std::size_t heard = 0;
   std::string monitor, caption;
   sim::PassCounts counts;
   int monitored = 0;
 };
 
-PassRun RunDefaultPass(uint32_t seed) {
+PassRun RunDefaultPass(uint32_t seed, bool sendOwn = false) {
   SimPlatform platform;
   TempDir home;
   sim::SimEngine engine(platform.simLoop, platform.simClock,
@@ -30,8 +32,17 @@ PassRun RunDefaultPass(uint32_t seed) {
   Station station(platform, options);
   platform.simDialogs.answers.push_back("XX9TK");
   station.Start();
+  // The station puts an own frame via the satellite on the air every 30 s of the pass.
+  for (int i = 1; sendOwn && i <= 26; ++i)
+    platform.simLoop.schedule(i * 1.5, [&station, i] {
+      const std::string text = "Own frame " + std::to_string(i);
+      station.parts().direct.AGWPutData("CQ ARISS", text, 'V', static_cast<int32_t>(text.size()),
+                                        0);
+    });
   platform.simLoop.run(40);  // 800 s of the pass: AOS to LOS and a little more
   PassRun r;
+  r.ownDigipeated = station.parts().digipeat.DigipeatedTotal;
+  r.heard = station.mainWindow().LstMHeardList.list.size();
   r.monitor = station.mainWindow().txtMonitor.text();
   r.caption = station.mainWindow().form.caption;
   r.counts = engine.counts();
@@ -64,11 +75,23 @@ TEST(DemoPass, AWholePassReachesTheMonitorTheSameWayTwice) {
         ":Heard    :", ":ack", "{", "=/", "CQ CQ via ISS de XX1ABC JO22NB"})
     EXPECT_NE(InStr(a.monitor, seen), 0) << seen;
 
+  EXPECT_GE(a.heard, 5u);  // the other stations fill the heard list
+
   const PassRun b = RunDefaultPass(11);
   EXPECT_EQ(a.monitor, b.monitor);
   EXPECT_EQ(a.counts.repeated, b.counts.repeated);
   const PassRun c = RunDefaultPass(12);
   EXPECT_NE(a.monitor, c.monitor);
+}
+
+TEST(DemoPass, OwnFramesRepeatedDuringThePassAreCountedAsDigipeated) {
+  const PassRun a = RunDefaultPass(11, true);
+  EXPECT_GE(a.ownDigipeated, 5);  // the satellite misses some near the horizon
+  EXPECT_LE(a.ownDigipeated, 26);
+  EXPECT_NE(InStr(a.monitor, "Fm XX9TK To CQ Via ARISS*"), 0);
+  const PassRun b = RunDefaultPass(11, true);
+  EXPECT_EQ(a.ownDigipeated, b.ownDigipeated);
+  EXPECT_EQ(a.monitor, b.monitor);
 }
 
 }  // namespace
