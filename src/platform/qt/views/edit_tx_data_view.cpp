@@ -53,20 +53,22 @@ EditTXDataView::EditTXDataView(EditTXData& editor, QWidget* parent)
   body->addLayout(lists, 1);
   auto* column = new QVBoxLayout;
   column->addSpacing(entriesTitle->sizeHint().height());
-  column->addWidget(addButton(m_data.cmdAdd, "cmdAdd", &EditTXData::cmdAdd_Click));
-  column->addWidget(addButton(m_data.cmdEdit, "cmdEdit", &EditTXData::cmdEdit_Click));
-  column->addWidget(addButton(m_data.cmdRemove, "cmdRemove", &EditTXData::cmdRemove_Click));
+  column->addWidget(addButton(m_data.cmdAdd, "cmdAdd", [this] { m_editor.cmdAdd_Click(); }));
+  column->addWidget(addButton(m_data.cmdEdit, "cmdEdit", [this] { m_editor.cmdEdit_Click(); }));
   column->addWidget(
-      addButton(m_data.cmdRemoveAll, "cmdRemoveAll", &EditTXData::cmdRemoveAll_Click));
+      addButton(m_data.cmdRemove, "cmdRemove", [this] { m_editor.cmdRemove_Click(); }));
+  column->addWidget(
+      addButton(m_data.cmdRemoveAll, "cmdRemoveAll", [this] { m_editor.cmdRemoveAll_Click(); }));
   column->addStretch(1);
   body->addLayout(column);
   layout->addLayout(body, 1);
   auto* bottom = new QHBoxLayout;
   bottom->addStretch(1);
-  QPushButton* ok = addButton(m_data.cmdOK, "cmdOK", &EditTXData::cmdOK_Click);
+  QPushButton* ok = addButton(m_data.cmdOK, "cmdOK", [this] { m_editor.cmdOK_Click(); });
   ok->setDefault(true);
   bottom->addWidget(ok);
-  bottom->addWidget(addButton(m_data.cmdCancel, "cmdCancel", &EditTXData::cmdCancel_Click));
+  bottom->addWidget(
+      addButton(m_data.cmdCancel, "cmdCancel", [this] { m_editor.cmdCancel_Click(); }));
   layout->addLayout(bottom);
   resize(600, 400);
   refresh();
@@ -75,11 +77,11 @@ EditTXDataView::EditTXDataView(EditTXData& editor, QWidget* parent)
 EditTXDataView::~EditTXDataView() = default;
 
 QPushButton* EditTXDataView::addButton(Button& data, const char* name,
-                                       void (EditTXData::*handler)()) {
+                                       std::function<void()> handler) {
   auto* w = new QPushButton(this);
   w->setObjectName(QString::fromLatin1(name));
   w->setAutoDefault(false);
-  connect(w, &QPushButton::clicked, this, [this, handler]() { (m_editor.*handler)(); });
+  connect(w, &QPushButton::clicked, this, [handler]() { handler(); });
   m_buttons.emplace_back(&data, w);
   return w;
 }

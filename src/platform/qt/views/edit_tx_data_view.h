@@ -3,6 +3,8 @@
 // It renders the EditTXDataWindow struct and hands every button to the editor's handlers.
 #pragma once
 
+#include <functional>
+
 #include <QDialog>
 
 #include "transmit/edit_tx_data.h"
@@ -25,7 +27,7 @@ class EditTXDataView : public QDialog {
   void reject() override;
 
  private:
-  QPushButton* addButton(Button& data, const char* name, void (EditTXData::*handler)());
+  QPushButton* addButton(Button& data, const char* name, std::function<void()> handler);
   void renderList(QListWidget* w, const ListBox& d);
 
   EditTXData& m_editor;

@@ -82,11 +82,12 @@ LanSetupView::LanSetupView(LanSetup& lan, QWidget* parent)
   m_enable = addCheck(m_data.chkEnableLAN, "chkEnableLAN", nullptr);
   m_register = addCheck(m_data.chkRegisterCall, "chkRegisterCall", nullptr);
   m_txFrames = addCheck(m_data.chkForceDisplayTXFrames, "chkForceDisplayTXFrames",
-                        &LanSetup::chkForceDisplayTXFrames_Click);
+                        [this] { m_lan.chkForceDisplayTXFrames_Click(); });
   form->addRow(m_enable);
   form->addRow(m_register);
   form->addRow(m_txFrames);
-  m_usePassword = addCheck(m_data.ChkPassword, "ChkPassword", &LanSetup::ChkPassword_Click);
+  m_usePassword =
+      addCheck(m_data.ChkPassword, "ChkPassword", [this] { m_lan.ChkPassword_Click(); });
   m_password = addText(m_data.TxtPassword, "TxtPassword");
   m_password->setEchoMode(QLineEdit::PasswordEchoOnEdit);
   form->addRow(m_usePassword, m_password);
@@ -137,13 +138,13 @@ LanSetupView::LanSetupView(LanSetup& lan, QWidget* parent)
 
 LanSetupView::~LanSetupView() = default;
 
-QCheckBox* LanSetupView::addCheck(CheckBox& data, const char* name, void (LanSetup::*handler)()) {
+QCheckBox* LanSetupView::addCheck(CheckBox& data, const char* name, std::function<void()> handler) {
   auto* w = new QCheckBox(this);
   w->setObjectName(QString::fromLatin1(name));
   CheckBox* d = &data;
   connect(w, &QCheckBox::clicked, this, [this, d, handler](bool on) {
     d->value = on ? 1 : 0;
-    if (handler != nullptr) (m_lan.*handler)();
+    if (handler) handler();
     refresh();
   });
   return w;

@@ -3,6 +3,8 @@
 // behaviour of its own.
 #pragma once
 
+#include <functional>
+
 #include <QDialog>
 
 #include "link/lan_setup.h"
@@ -29,7 +31,7 @@ class LanSetupView : public QDialog {
   void reject() override;  // Escape: as Cancel
 
  private:
-  QCheckBox* addCheck(CheckBox& data, const char* name, void (LanSetup::*handler)());
+  QCheckBox* addCheck(CheckBox& data, const char* name, std::function<void()> handler);
   QComboBox* addList(ComboBox& data, const char* name, bool editable);
   QLineEdit* addText(TextBox& data, const char* name);
 
