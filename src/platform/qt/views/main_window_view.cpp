@@ -815,7 +815,7 @@ class HeardListWidget : public QListWidget {
   }
 };
 
-// A label that answers any mouse press (the digipeat total's menu).
+// A label that answers any mouse press (the digipeat total's and the filter label's menus).
 class PressLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -1038,22 +1038,6 @@ void MainWindowView::renderHeard() {
 
 namespace {
 
-// The filter label: any mouse press pops up the filter menu.
-class FilterLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-  std::function<void(QPoint)> onPress;
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override {
-    if (onPress) {
-      onPress(event->globalPosition().toPoint());
-      return;
-    }
-    QLabel::mousePressEvent(event);
-  }
-};
-
 // The name the station knows a focused widget by: a transmit field's line edit is its field.
 std::string ControlName(const QWidget* w) {
   if (w == nullptr) return {};
@@ -1064,7 +1048,7 @@ std::string ControlName(const QWidget* w) {
 }  // namespace
 
 QLabel* MainWindowView::buildFilterLabel(QWidget* parent) {
-  auto* w = new FilterLabel(parent);
+  auto* w = new PressLabel(parent);  // any press pops up the filter menu
   w->setObjectName(QStringLiteral("lblMonitorFilter"));
   w->setContentsMargins(6, 1, 6, 1);
   w->setFrameShape(QFrame::StyledPanel);
