@@ -25,12 +25,7 @@ e2e_log "Dire Wolf listens on 127.0.0.1:$E2E_AGW_PORT"
 # A fresh program folder whose LAN settings point at that engine: 30 lines, CR LF.
 home="$E2E_TMP/home"
 mkdir -p "$home" "$E2E_TMP/config" "$E2E_TMP/data" "$E2E_TMP/cache"
-{
-  printf '%s\r\n' ";TESK Lan Mode Settings" ";FreeWare" "[HostName_IP_Default]" "127.0.0.1" \
-    "[HostName_IP]" "" "" "" "" "" "[LanPort]" "$E2E_AGW_PORT" "[TESKLanMode]" "1" \
-    "[RegisterCall]" "0" "[Emulate_TXFrames_On_SlowNetPC]" "0" "[Lan_Password]" ""
-  for _ in 1 2 3 4 5; do printf '%s\r\n' "[reserved]" ""; done
-} >"$home/TESKLanMode.ini"
+e2e_write_lan_ini "$home" 1
 
 # The first run asks for the call sign on standard input; after that, end of input means the
 # default answer to any question.

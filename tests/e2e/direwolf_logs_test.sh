@@ -32,12 +32,7 @@ e2e_log "Dire Wolf listens on 127.0.0.1:$E2E_AGW_PORT"
 # A fresh program folder whose LAN settings point at that engine, mode 0 (direct mode).
 home="$E2E_TMP/home"
 mkdir -p "$home" "$E2E_TMP/config" "$E2E_TMP/data" "$E2E_TMP/cache"
-{
-  printf '%s\r\n' ";TESK Lan Mode Settings" ";FreeWare" "[HostName_IP_Default]" "127.0.0.1" \
-    "[HostName_IP]" "" "" "" "" "" "[LanPort]" "$E2E_AGW_PORT" "[TESKLanMode]" "0" \
-    "[RegisterCall]" "0" "[Emulate_TXFrames_On_SlowNetPC]" "0" "[Lan_Password]" ""
-  for _ in 1 2 3 4 5; do printf '%s\r\n' "[reserved]" ""; done
-} >"$home/TESKLanMode.ini"
+e2e_write_lan_ini "$home" 0
 
 printf '%s\n' "$MYCALL" >"$E2E_TMP/stdin.txt"
 out="$E2E_TMP/tesk.out"

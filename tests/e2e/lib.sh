@@ -123,6 +123,17 @@ e2e_wait_text() {
 
 # Makes one WAV per TNC-2 line ("SRC>DST,VIA*:info") into E2E_WAVS, in order. The line goes to
 # gen_packets without a line end: read from a file, gen_packets keeps the "\n" in the info.
+# e2e_write_lan_ini HOME MODE: TESKLanMode.ini in HOME pointing at the started Dire Wolf, with
+# the LAN mode MODE (0 direct, 1 LAN): 30 lines, CR LF, as the settings window writes it.
+e2e_write_lan_ini() {
+  {
+    printf '%s\r\n' ";TESK Lan Mode Settings" ";FreeWare" "[HostName_IP_Default]" "127.0.0.1" \
+      "[HostName_IP]" "" "" "" "" "" "[LanPort]" "$E2E_AGW_PORT" "[TESKLanMode]" "$2" \
+      "[RegisterCall]" "0" "[Emulate_TXFrames_On_SlowNetPC]" "0" "[Lan_Password]" ""
+    for _ in 1 2 3 4 5; do printf '%s\r\n' "[reserved]" ""; done
+  } >"$1/TESKLanMode.ini"
+}
+
 e2e_make_wavs() {
   local i=0 line wav
   E2E_WAVS=()
