@@ -196,6 +196,18 @@ struct MainWindow {
   class MHeardList* heardList = nullptr;
   class Digipeat* digipeat = nullptr;
   class ViewHeard* viewHeard = nullptr;  // frmViewHeard
+
+  // ---- sending: the send menu's stop entry, the heard report's menu and the senders ----
+  MenuItem mnuStopPending = [] {
+    MenuItem m;
+    m.caption = "Stop Pending";
+    m.enabled = false;  // only while the message retry tick runs
+    return m;
+  }();
+  // Set by a right press on cmdTXMHeard: the view pops up the heard report menu.
+  bool menumheardsendPopup = false;
+  class UiTextSender* uiTextSender = nullptr;
+  class HeardReports* heardReports = nullptr;
 };
 
 }  // namespace tesk

@@ -28,6 +28,7 @@ struct RunState {
   std::string LinkStatus;
   std::string EnginePortList;
   std::string ToVia;
+  std::string MonitorSendText;  // what StuurMonitorTekst sends in pieces of 80
   int16_t Connected = 0;
   std::string ConnectedCall;
   int16_t RemoteLogin = 0;
@@ -36,7 +37,7 @@ struct RunState {
   bool FirstRun = false;
   double ModemStartNote = 0;  // seconds-since-midnight clock noted at the modem start
   bool WriteCheckDone = false;
-  int16_t ServerSwitch = 0;   // the running server switch of the module mailbox
+  int16_t ServerSwitch = 0;  // the running server switch of the module mailbox
   std::string ProfileName;
   std::string APRSWorkingText;  // the position text the APRS sender works from
   // A run-only engine address (the demo engine); never written to the LAN settings.

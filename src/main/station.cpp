@@ -1,6 +1,7 @@
 // The station: builds every subsystem with the references it needs and wires the ticks.
 #include "main/station.h"
 
+#include "base/text.h"
 #include "main/station_parts.h"
 
 namespace tesk {
@@ -22,6 +23,9 @@ StationParts::StationParts(Station& s)
     : monitor(s.platform(), s.config(), s.mainWindow(), s.run()),
       meld(s.platform(), s.mainWindow()),
       sounds(s.platform(), s.config(), s.run()),
+      transmit(s.platform(), s.config(), s.run(), s.mainWindow(),
+               TransmitPrimitives::Parts{tcpLink, direct, monitor, digiFlash, packetLog, heardList,
+                                         messageReception}),
       tcpLink(s.platform(), s.config(), s.run(), s.mainWindow(),
               TcpLink::Parts{monitor, meld, mailbox, transmit}),
       direct(s.platform(), s.config(), s.run()),
@@ -33,12 +37,15 @@ StationParts::StationParts(Station& s)
                 [this] { settings.SaveSettings(); }),
       txPanel(s.platform(), s.config(), s.run(), s.mainWindow(), ports, meld,
               [this] { beacon.BeaconSeconds = 0; }),
+      uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
       digiFlash(s.platform(), s.mainWindow()),
       heardList(s.platform(), s.config(), s.run(), s.mainWindow()),
       viewHeard(s.platform(), s.config(), s.mainWindow(), heardList),
+      heardReports(s.platform(), s.config(), s.run(), s.mainWindow(),
+                   HeardReports::Parts{txPanel, uiTextSender, heardList, meld}),
       digipeat(s.platform(), s.config(), s.mainWindow(), digiFlash, sounds, beacon),
       alarms(s.config(), sounds, meld, packetLog),
       connection(s.run(), remoteCommands, handOffs),
@@ -50,6 +57,7 @@ StationParts::StationParts(Station& s)
            [this](std::string& call, std::string& text, int32_t& kind, int32_t& length,
                   int32_t& port) { return direct.AGWGetData(call, text, kind, length, port); }),
       startup(s),
+      console(s.platform()),
       tmrMainPacketCore(s.platform().loop().createTimer()),
       tmrKlokken(s.platform().loop().createTimer()),
       TmrStatus(s.platform().loop().createTimer()) {
@@ -57,6 +65,12 @@ StationParts::StationParts(Station& s)
   tmrKlokken->setHandler([this] { startup.KlokkenTick(); });
   tmrKlokken->setInterval(1000);
   TmrStatus->setInterval(2000);
+  txPanel.senders.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
+  txPanel.senders.cmdTXMHeard_Click = [this] { heardReports.cmdTXMHeard_Click(); };
+  beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
+  beacon.items.SendMheardList = [this](int type) {
+    heardReports.SendMheardList(static_cast<int16_t>(type));
+  };
 }
 
 Station::Station(Platform& platform, StationOptions options)
@@ -66,6 +80,7 @@ Station::Station(Platform& platform, StationOptions options)
   m_main.form.caption = m_options.demo ? "TESK - simulated satellite pass" : "TESK";
   m_main.frmLogoTitle.caption = "";
   m_parts = std::make_unique<StationParts>(*this);
+  AddConsoleCommands();
 }
 
 Station::~Station() = default;
@@ -85,12 +100,40 @@ bool Station::loaded() const {
 }
 
 void Station::consoleLine(const std::string& line) {
-  // The operator console arrives with the transmit side; until then only :quit is understood.
-  if (line == ":quit") {
-    Einde();
-    return;
-  }
-  m_platform.views().notice("Unknown console command: " + line);
+  m_parts->console.line(line);
+}
+
+void Station::AddConsoleCommands() {
+  StationParts& p = *m_parts;
+  TxPanel& panel = p.txPanel;
+  // Each command does what the same keys do in the window, so both paths stay one.
+  const auto enter = [this, &panel](TxField field, const std::string& text) {
+    panel.box(field).text = text;
+    panel.Change(field);
+    panel.KeyDown(field, kKeyReturn);
+    m_platform.views().notice(
+        "Path: To " + m_main.cmbToCall.text +
+        (Trim(m_main.cmbViaCall.text).empty() ? std::string() : " Via " + m_main.cmbViaCall.text));
+  };
+  p.console.setPlainLine([&panel](const std::string& text) {
+    panel.box(TxField::DataText).text = text;
+    panel.Change(TxField::DataText);
+    panel.KeyDown(TxField::DataText, kKeyReturn);
+  });
+  p.console.add("to", ":to CALL", [enter](const std::string& a) { enter(TxField::ToCall, a); });
+  p.console.add("via", ":via PATH", [enter](const std::string& a) { enter(TxField::ViaCall, a); });
+  p.console.add("header", ":header",
+                [&p](const std::string&) { p.uiTextSender.menusends_Click(0); });
+  p.console.add("heard", ":heard [0-3]", [this, &p](const std::string& a) {
+    if (a.empty()) {
+      p.txPanel.Press(SendButton::MHeard);
+    } else if (a.size() == 1 && a[0] >= '0' && a[0] <= '3') {
+      p.heardReports.menumheardsend_Click(a[0] - '0');
+    } else {
+      m_platform.views().notice("The heard report type is 0 to 3, not: " + a);
+    }
+  });
+  p.console.add("quit", ":quit", [this](const std::string&) { Einde(); });
 }
 
 }  // namespace tesk

@@ -50,6 +50,8 @@ class Station {
   StationParts& parts() { return *m_parts; }
 
  private:
+  void AddConsoleCommands();
+
   Platform& m_platform;
   StationOptions m_options;
   StationConfig m_config;

@@ -28,12 +28,14 @@
 #include "link/modem_program.h"
 #include "link/tcp_link.h"
 #include "link/transmit_primitives.h"
+#include "main/operator_console.h"
 #include "main/ports.h"
 #include "main/startup.h"
 #include "modules/add_ons.h"
 #include "modules/module_mailbox.h"
 #include "settings/settings_file.h"
 #include "transmit/tx_panel.h"
+#include "transmit/ui_text_sender.h"
 #include "viewport/view_port.h"
 
 namespace tesk {
@@ -56,10 +58,10 @@ struct StationParts {
   LanSetup lanSetup;
   Ports ports;
   ViewPort viewPort;
-  HeardReports heardReports;
   PacketLog packetLog;
   TextSending textSending;
   TxPanel txPanel;
+  UiTextSender uiTextSender;
   SettingsFile settings;
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;
@@ -67,6 +69,7 @@ struct StationParts {
   DigiFlash digiFlash;
   MHeardList heardList;
   ViewHeard viewHeard;  // frmViewHeard
+  HeardReports heardReports;
   Digipeat digipeat;
   MessageReception messageReception;
   Alarms alarms;
@@ -75,6 +78,7 @@ struct StationParts {
   BeaconScheduler beacon;
   PacketCore core;
   Startup startup;
+  OperatorConsole console;  // standard input of a station without windows
 
   // The ticks: the core, and the one-second clock.
   std::unique_ptr<Timer> tmrMainPacketCore;

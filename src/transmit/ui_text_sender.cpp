@@ -1,0 +1,151 @@
+// Sending UI text. Every path validates To and Via first and stops when no To call is left;
+// an engine that is not connected is the primitives' matter, so the histories still grow.
+#include "transmit/ui_text_sender.h"
+
+#include "base/text.h"
+#include "heard/mheard_list.h"
+#include "link/transmit_primitives.h"
+#include "transmit/tx_panel.h"
+
+namespace tesk {
+
+namespace {
+constexpr long kDataMax = 250;
+constexpr long kDropMax = 90;
+constexpr long kPiece = 80;
+constexpr int kTwiceGapMs = 200;
+}  // namespace
+
+UiTextSender::UiTextSender(Platform& platform, StationConfig& config, RunState& run,
+                           MainWindow& main, TxPanel& panel, TransmitPrimitives& transmit,
+                           const MHeardList& heardList)
+    : m_platform(platform),
+      m_config(config),
+      m_run(run),
+      m_main(main),
+      m_panel(panel),
+      m_transmit(transmit),
+      m_heardList(heardList) {
+  m_main.uiTextSender = this;
+}
+
+UiTextSender::~UiTextSender() {
+  if (m_main.uiTextSender == this) m_main.uiTextSender = nullptr;
+}
+
+void UiTextSender::cmdTXDataText_Click() {
+  if (!m_main.cmdTXDataText.guard.empty()) return;
+  m_panel.ValidateToViaBoxes();
+  if (m_config.ToCall.empty()) return;
+  const std::string& via = m_main.cmbViaCall.text;
+  std::string text = m_main.cmbDataText.text;
+  if (Trim(via).empty()) {
+    // A Via of blanks alone counts as empty, yet its length still comes off the 250.
+    const long max = kDataMax - Len(via);
+    if (Len(text) > max) text = Left(text, max);
+  } else {
+    m_panel.CalcUI_TXlength(text, 0, 0);
+  }
+  m_transmit.AGWPE_UI_Send(text, TxDataText);
+  m_panel.ADDTXData();
+  m_panel.ADDToData();
+  m_panel.ADDViaData();
+  m_platform.views().refresh("main");
+}
+
+void UiTextSender::SendHeaderOnly() {
+  m_panel.ValidateToViaBoxes();
+  if (m_config.ToCall.empty()) return;
+  std::string empty;
+  m_transmit.AGWPE_UI_Send(empty, TxHeaderOnly);
+  m_panel.ADDToData();
+  m_panel.ADDViaData();
+  m_platform.views().refresh("main");
+}
+
+void UiTextSender::menusends_Click(int row) {
+  const auto run = [](const std::function<void()>& hook) {
+    if (hook) hook();
+  };
+  switch (row) {
+    case 0:
+      SendHeaderOnly();
+      break;
+    case 1:
+      cmdTXDataText_Click();
+      break;
+    case 2:
+      run(hooks.cmdTXAPRS_Click);
+      break;
+    case 3:
+      run(hooks.cmdTXAPRSMessage_Click);
+      break;
+    case 9:
+      run(hooks.Connecting);
+      break;
+    case 10:
+      run(hooks.DisConnecting);
+      break;
+    case 11:
+      // Some engines miss the first disconnect of a link that is still busy.
+      run(hooks.DisConnecting);
+      m_platform.loop().sleepMs(kTwiceGapMs);
+      m_platform.loop().yield();
+      run(hooks.DisConnecting);
+      break;
+    default:
+      break;
+  }
+}
+
+void UiTextSender::menusend_Click() {
+  m_main.mnuStopPending.enabled = hooks.retryTickRunning && hooks.retryTickRunning();
+}
+
+bool UiTextSender::DropAllowed(const std::string& data, bool isText) const {
+  if (!isText || Len(data) > kDropMax) return false;
+  if (data == m_main.cmbToCall.text || data == m_main.cmbViaCall.text) return false;
+  // A call dragged from the MHeard list is meant for To or Via, never for the air.
+  const ListBox& heard = m_main.LstMHeardList;
+  if (heard.listIndex >= 0 && heard.listIndex < static_cast<long>(heard.list.size())) {
+    if (data == heard.list[static_cast<std::size_t>(heard.listIndex)]) return false;
+    if (data == m_heardList.SelectedCall()) return false;
+  }
+  return true;
+}
+
+int UiTextSender::Drop(const std::string& data, bool isText) {
+  m_panel.ValidateToViaBoxes();
+  if (m_config.ToCall.empty() || !isText) return 0;
+  // A dropped text goes out as it is: no length rule, no history.
+  std::string text = data;
+  m_transmit.AGWPE_UI_Send(text, TxDataText);
+  m_platform.views().refresh("main");
+  return 1;
+}
+
+void UiTextSender::RebuildToVia() {
+  m_run.ToVia = UCase(Trim(m_main.cmbToCall.text + " " + m_main.cmbViaCall.text));
+}
+
+void UiTextSender::StuurMonitorTekst() {
+  m_panel.ValidateToViaBoxes();
+  if (m_config.ToCall.empty()) return;
+  const std::string whole = m_run.MonitorSendText;
+  if (Len(whole) > kPiece) {
+    for (long at = 1; at <= Len(whole); at += kPiece) {
+      std::string piece = Mid(whole, at, kPiece);
+      if (piece.empty()) continue;
+      m_transmit.AGWPE_UI_Send(piece, TxMonitorText);
+      if (m_platform.loop().ended()) return;
+      // The fields may change during the pauses between pieces; the next piece follows them.
+      RebuildToVia();
+    }
+  } else {
+    std::string text = whole;
+    m_transmit.AGWPE_UI_Send(text, TxMonitorText);
+  }
+  m_platform.views().refresh("main");
+}
+
+}  // namespace tesk
