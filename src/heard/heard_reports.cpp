@@ -77,7 +77,7 @@ std::string HeardReports::Prefix(int type, int part, int total) {
 bool HeardReports::Ignored(const std::string& call) const {
   // A substring test: a short call is skipped where only a longer call holding it is listed.
   // Kept on purpose, as the list has always been read this way.
-  const std::string ignore = UCase(m_config.IgnoreMheardCalls + " " + m_config.YourCallSign);
+  const std::string ignore = UCase(m_config.IgnoreMheardCalls + m_config.YourCallSign);
   return InStr(ignore, call) > 0;
 }
 
@@ -92,7 +92,7 @@ void HeardReports::SendMheardList(int16_t type) {
     m_parts.meld.ShowMeld("No stations heard, so nothing to send.", 0);
     return;
   }
-  if (rows.size() == 1 && MHeardList::CallOf(rows[0]) == m_main.lblMHeardCall.caption) {
+  if (rows.size() == 1 && MHeardList::CallOf(rows[0]) == m_main.lblCallSign.caption) {
     m_parts.meld.ShowMeld("You can't send your own station as a heard station.", 0);
     return;
   }

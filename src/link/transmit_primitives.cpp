@@ -75,6 +75,8 @@ void TransmitPrimitives::EchoOwnFrame(int port, const std::string& from, const s
   if (!Trim(via).empty()) header += " Via " + via;
   header += " <UI pid=F0 Len=" + std::to_string(Len(data)) + " >[" +
             clock.longTime(clock.localNow()) + "].";
+  // With the port shown ([ShowPortInHeader] 2) the header starts with the digit and colon, as
+  // the core cuts received headers, so the MHeard list finds the call at the same place.
   const std::string prefix =
       m_config.ShowPortInHeader != 0 ? std::to_string(port + 1) + ":Fm " : std::string("Fm ");
   m_parts.monitor.NotaInMonitor(prefix + header, 0);

@@ -28,6 +28,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
 #include <QSystemTrayIcon>
@@ -41,8 +42,10 @@
 #include "core/monitor_console.h"
 #include "core/monitor_filters.h"
 #include "core/monitor_find.h"
+#include "heard/heard_reports.h"
 #include "heard/mheard_list.h"
 #include "platform/qt/qt_text.h"
+#include "transmit/ui_text_sender.h"
 
 namespace tesk {
 
@@ -325,6 +328,11 @@ void MainWindowView::addTransmitButtons(QGridLayout* grid) {
                    {multi, SendButton::MultiLine}};
   for (QPushButton* b : {send, sendAprs, sendMsg, heard, multi})
     b->installEventFilter(this);
+  send->setAcceptDrops(true);  // text dragged onto Send goes out as it is
+  // F8 sends the heard report wherever the keyboard is in the window.
+  auto* f8 = new QShortcut(QKeySequence(Qt::Key_F8), this);
+  f8->setObjectName(QStringLiteral("shortcutF8"));
+  connect(f8, &QShortcut::activated, this, [this]() { pressButton("cmdTXMHeard"); });
   grid->addWidget(heard, 0, 6);
   grid->addWidget(multi, 0, 7);
   grid->addWidget(send, 1, 6);
@@ -391,13 +399,9 @@ QWidget* MainWindowView::buildTransmitPanel() {
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
   const auto send = m_sendButtons.find(watched);
-  if (send != m_sendButtons.end()) {
-    // The guard goes up when the mouse button is released; the press it completes runs first.
-    if (event->type() == QEvent::MouseButtonRelease && m_data.txPanel != nullptr &&
-        static_cast<QWidget*>(watched)->isEnabled())
-      m_data.txPanel->SendButton_MouseUp(send->second);
-    return QMainWindow::eventFilter(watched, event);
-  }
+  if (send != m_sendButtons.end())
+    return sendButtonEvent(watched, send->second, event) ||
+           QMainWindow::eventFilter(watched, event);
   const auto combo = m_comboOf.find(watched);
   if (combo == m_comboOf.end() || m_data.txPanel == nullptr)
     return QMainWindow::eventFilter(watched, event);
@@ -504,6 +508,12 @@ bool MainWindowView::pressSend(const std::string& key) {
 QMenu* MainWindowView::addMenu(const QString& title, const char* arrayName, MenuArray* array,
                                const std::vector<std::pair<int, QString>>& entries) {
   QMenu* menu = menuBar()->addMenu(title);
+  addEntries(menu, arrayName, array, entries);
+  return menu;
+}
+
+void MainWindowView::addEntries(QMenu* menu, const char* arrayName, MenuArray* array,
+                                const std::vector<std::pair<int, QString>>& entries) {
   for (const auto& [index, caption] : entries) {
     if (caption.isEmpty()) {
       menu->addSeparator();
@@ -514,7 +524,6 @@ QMenu* MainWindowView::addMenu(const QString& title, const char* arrayName, Menu
     connect(action, &QAction::triggered, this, [this, key]() { runCommand(key); });
     m_menuEntries.push_back({array, index, key, caption, action});
   }
-  return menu;
 }
 
 void MainWindowView::buildMenus() {
@@ -539,17 +548,7 @@ void MainWindowView::buildMenus() {
                         {120, tr("View Only Data in  Monitor")},
                         {130, tr("&Statistics...")},
                         {140, tr("Setup &Monitor...")}});
-  addMenu(tr("&Send"), "menusends", &d.menusends,
-          {{0, tr("&Header only")},
-           {1, tr("&Text/data")},
-           {2, tr("&APRS position")},
-           {3, tr("APRS &message")},
-           {-1, sep},
-           {7, tr("M&Heard")},
-           {-1, sep},
-           {9, tr("&Connect")},
-           {10, tr("&Disconnect")},
-           {11, tr("Disconnect &twice")}});
+  buildSendMenu();
   m_filterMenu = addMenu(tr("&Filters"), "menufilters", &d.menufilters,
                          {{0, tr("No Filters")},
                           {1, tr("Call (To)")},
@@ -585,6 +584,15 @@ void MainWindowView::renderMenus() {
     e.action->setVisible(item == nullptr || item->visible);
     e.action->setEnabled(hasCommand(e.key) && (item == nullptr || item->enabled));
   }
+  // menusends 7 is the submenu of the heard report types.
+  const auto heardRow = m_data.menusends.find(7);
+  const MenuItem* heardItem = heardRow != m_data.menusends.end() ? &heardRow->second : nullptr;
+  QAction* heardSend = m_heardSendMenu->menuAction();
+  heardSend->setText(heardItem && !heardItem->caption.empty() ? ToQString(heardItem->caption)
+                                                              : tr("MH&eard"));
+  heardSend->setVisible(heardItem == nullptr || heardItem->visible);
+  heardSend->setEnabled(m_data.heardReports != nullptr &&
+                        (heardItem == nullptr || heardItem->enabled));
   // The load pass hides these two; the add-on and program lists show them again.
   m_modulesMenu->menuAction()->setVisible(m_data.menuextra.visible);
   m_launchMenu->menuAction()->setVisible(m_data.MnuRun.visible);
@@ -1219,6 +1227,129 @@ void MainWindowView::beforeCommand() {
   // A handler reads the focus and the Monitor's selection from the struct.
   m_data.ActiveControl = ControlName(QApplication::focusWidget());
   m_monitor->writeSelectionBack();
+}
+
+// ---- sending: the send menu, the heard report's menus, F8 and drops on Send ----------------
+
+void MainWindowView::buildSendMenu() {
+  MainWindow& d = m_data;
+  m_sendMenu = addMenu(tr("&Send"), "menusends", &d.menusends,
+                       {{0, tr("&Header only")},
+                        {1, tr("&Text/data")},
+                        {2, tr("&APRS position")},
+                        {3, tr("APRS &message")}});
+  m_sendMenu->setObjectName(QStringLiteral("menusend"));
+  addItemAction(m_sendMenu, nullptr, "mnuStopPending", tr("Stop &Pending"), &d.mnuStopPending);
+  m_sendMenu->addSeparator();
+  m_heardSendMenu = m_sendMenu->addMenu(tr("MH&eard"));
+  m_heardSendMenu->setObjectName(QStringLiteral("menuheardsend"));
+  addHeardReportEntries(m_heardSendMenu, "menuheardsend", d.menuheardsend);
+  m_sendMenu->addSeparator();
+  addEntries(m_sendMenu, "menusends", &d.menusends,
+             {{9, tr("&Connect")}, {10, tr("&Disconnect")}, {11, tr("Disconnect t&wice")}});
+  // Stop Pending follows the message retry tick, which is looked at as the menu opens.
+  connect(m_sendMenu, &QMenu::aboutToShow, this, [this]() {
+    if (m_data.uiTextSender != nullptr) m_data.uiTextSender->menusend_Click();
+    refresh();
+  });
+  m_heardReportMenu = new QMenu(this);
+  m_heardReportMenu->setObjectName(QStringLiteral("menumheardsend"));
+  addHeardReportEntries(m_heardReportMenu, "menumheardsend", d.menumheardsend);
+  // A chosen entry clears the request itself; a menu closed without a choice ends it here.
+  connect(m_heardReportMenu, &QMenu::aboutToHide, this,
+          [this]() { m_data.menumheardsendPopup = false; });
+  wireSendCommands();
+}
+
+void MainWindowView::addHeardReportEntries(QMenu* menu, const char* arrayName, MenuArray& array) {
+  std::vector<std::pair<int, QString>> entries;
+  for (int type = 0; type < HeardReports::kTypes; ++type)
+    entries.emplace_back(type, ToQString(HeardReports::TypeCaption(type)));
+  entries.emplace_back(-1, QString());
+  entries.emplace_back(HeardReports::kTypes, tr("MHeard Setup..."));
+  addEntries(menu, arrayName, &array, entries);
+}
+
+void MainWindowView::wireSendCommands() {
+  // Rows 2, 3 and 9 to 11 run the position, message and connection senders; they stay disabled
+  // until those register their commands.
+  if (UiTextSender* sender = m_data.uiTextSender) {
+    for (int row : {0, 1})
+      m_commands["menusends:" + std::to_string(row)] = [sender, row]() {
+        sender->menusends_Click(row);
+      };
+  }
+  HeardReports* reports = m_data.heardReports;
+  if (reports == nullptr) return;
+  m_commands["cmdTXMHeard:RightPress"] = [reports]() { reports->cmdTXMHeard_RightPress(); };
+  // The last entry opens the setup's MHeard page, so it works only once that page is there.
+  const bool setup = m_data.heardList != nullptr && m_data.heardList->openSetupMHeard;
+  for (int i = 0; i <= HeardReports::kTypes; ++i) {
+    if (i == HeardReports::kTypes && !setup) continue;
+    const std::string index = std::to_string(i);
+    m_commands["menumheardsend:" + index] = [reports, i]() { reports->menumheardsend_Click(i); };
+    m_commands["menuheardsend:" + index] = [reports, i]() { reports->menuheardsend_Click(i); };
+  }
+}
+
+void MainWindowView::heardReportPopup(const QPoint& at) {
+  runCommand("cmdTXMHeard:RightPress");
+  if (m_data.menumheardsendPopup) m_heardReportMenu->popup(at);
+}
+
+bool MainWindowView::sendButtonEvent(QObject* watched, SendButton which, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      if (which != SendButton::MHeard || mouse->button() != Qt::RightButton) return false;
+      heardReportPopup(mouse->globalPosition().toPoint());
+      return true;
+    }
+    case QEvent::MouseButtonRelease:
+      // The guard goes up when the mouse button is released; the press it completes runs first.
+      if (m_data.txPanel != nullptr && static_cast<QWidget*>(watched)->isEnabled())
+        m_data.txPanel->SendButton_MouseUp(which);
+      return false;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return which == SendButton::DataText && sendDropEvent(event);
+    default:
+      return false;
+  }
+}
+
+bool MainWindowView::sendDropEvent(QEvent* event) {
+  auto* drop = static_cast<QDropEvent*>(event);
+  const QMimeData* mime = drop->mimeData();
+  const bool isText = mime != nullptr && mime->hasText();
+  const std::string text = isText ? FromQString(mime->text()) : std::string();
+  UiTextSender* sender = m_data.uiTextSender;
+  if (sender == nullptr || !sender->DropAllowed(text, isText)) {
+    drop->setDropAction(Qt::IgnoreAction);
+    drop->ignore();
+    return true;
+  }
+  // A copy: a text dragged out of a field stays in it.
+  if (drop->possibleActions().testFlag(Qt::CopyAction)) drop->setDropAction(Qt::CopyAction);
+  if (event->type() != QEvent::Drop) {
+    drop->accept();
+    return true;
+  }
+  const bool sent = sender->Drop(text, isText) == 1;
+  if (!sent) drop->setDropAction(Qt::IgnoreAction);
+  drop->setAccepted(sent);
+  refresh();
+  return true;
+}
+
+void MainWindowView::pressButton(const std::string& key) {
+  for (const ButtonField& b : m_buttons) {
+    if (b.key != key) continue;
+    if (!b.widget->isEnabled() || !b.data->visible) return;
+    if (!pressSend(key)) runCommand(key);
+    return;
+  }
 }
 
 }  // namespace tesk

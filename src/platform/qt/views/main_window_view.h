@@ -92,6 +92,19 @@ class MainWindowView : public QMainWindow {
   void buildLogMenus(QMenu* file);
   QMenu* addMenu(const QString& title, const char* arrayName, MenuArray* array,
                  const std::vector<std::pair<int, QString>>& entries);
+  void addEntries(QMenu* menu, const char* arrayName, MenuArray* array,
+                  const std::vector<std::pair<int, QString>>& entries);
+  // The send menu: its rows, Stop Pending, and the heard report's copy (menusends 7 holding
+  // menuheardsend); the heard report button's popup (menumheardsend); F8 and the commands.
+  void buildSendMenu();
+  void addHeardReportEntries(QMenu* menu, const char* arrayName, MenuArray& array);
+  void wireSendCommands();
+  void heardReportPopup(const QPoint& at);
+  // The send buttons' own events: the heard report's right press, drops on the Text/data send.
+  bool sendButtonEvent(QObject* watched, SendButton which, QEvent* event);
+  bool sendDropEvent(QEvent* event);
+  // A button's press from the keyboard (F8), as a click would run it.
+  void pressButton(const std::string& key);
   QComboBox* addCombo(ComboBox& data, TxField field, const char* name, const QString& toolTip);
   QWidget* addCounter(int index);
   void addTransmitButtons(QGridLayout* grid);
@@ -138,7 +151,10 @@ class MainWindowView : public QMainWindow {
   std::vector<MenuEntry> m_menuEntries;
   QMenu* m_modulesMenu = nullptr;
   QMenu* m_launchMenu = nullptr;
-  QMenu* m_logMenu = nullptr;  // mnuautolog
+  QMenu* m_sendMenu = nullptr;         // menusend
+  QMenu* m_heardSendMenu = nullptr;    // menusends 7: menuheardsend
+  QMenu* m_heardReportMenu = nullptr;  // the popup of cmdTXMHeard: menumheardsend
+  QMenu* m_logMenu = nullptr;          // mnuautolog
   QRadioButton* m_optSort = nullptr;
   QRadioButton* m_optUnsort = nullptr;
   QListWidget* m_heardList = nullptr;    // LstMHeardList
