@@ -22,7 +22,9 @@ constexpr int kVersionRevision = 4;
 constexpr const char* kAppKey = "TESKAPPKEY1";  // 11 characters handed to the engine library
 constexpr const char* kModuleApp = "XX9TK\\TESK";
 
-bool On(int v) { return v != 0; }
+bool On(int v) {
+  return v != 0;
+}
 
 // The reader fills the transmit fields as code; their change handlers run here, as the original
 // controls fired them, so the counters and typing limits are right from the start.
@@ -166,9 +168,12 @@ void Startup::stepsProgramsAndWindow() {
   if (config.AckUIViewType == 2) main.LblAckON.toolTip = "Send with Acknowledgement Request";
   m_step = 14;
   run.LanModeAtStart = run.LanMode;
-  for (auto& [index, item] : main.menumheardsend)
-    item.checked = false;
-  main.menumheardsend[config.TXMHeardType].checked = true;
+  // The send menu's copy of the heard report choices shows the same check.
+  for (MenuArray* menu : {&main.menumheardsend, &main.menuheardsend}) {
+    for (auto& [index, item] : *menu)
+      item.checked = false;
+    (*menu)[config.TXMHeardType].checked = true;
+  }
   parts.heardReports.DetectWindows();
   main.form.visible = true;
   platform.views().show("main");

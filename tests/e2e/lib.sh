@@ -106,20 +106,27 @@ e2e_wait_port() {
   return 1
 }
 
-# Waits until FILE holds the fixed text TEXT, at most SECONDS. Gives up early when PID (optional)
-# has ended.
-e2e_wait_text() {
-  local file=$1 text=$2 seconds=${3:-10} pid=${4:-} i
+# e2e_wait_grep FLAG FILE PATTERN [SECONDS] [PID]: waits until grep FLAG (-F a fixed text, -E an
+# extended regular expression) finds PATTERN in FILE, at most SECONDS. Gives up early when PID
+# (optional) has ended.
+e2e_wait_grep() {
+  local flag=$1 file=$2 pattern=$3 seconds=${4:-10} pid=${5:-} i
   for ((i = 0; i < seconds * 10; i++)); do
-    grep -qF -- "$text" "$file" 2>/dev/null && return 0
+    grep -q "$flag" -- "$pattern" "$file" 2>/dev/null && return 0
     if [[ -n "$pid" ]] && ! kill -0 "$pid" 2>/dev/null; then
-      grep -qF -- "$text" "$file" 2>/dev/null
+      grep -q "$flag" -- "$pattern" "$file" 2>/dev/null
       return
     fi
     sleep 0.1
   done
   return 1
 }
+
+# Waits until FILE holds the fixed text TEXT: e2e_wait_text FILE TEXT [SECONDS] [PID].
+e2e_wait_text() { e2e_wait_grep -F "$@"; }
+
+# The same for an extended regular expression: e2e_wait_match FILE ERE [SECONDS] [PID].
+e2e_wait_match() { e2e_wait_grep -E "$@"; }
 
 # Makes one WAV per TNC-2 line ("SRC>DST,VIA*:info") into E2E_WAVS, in order. The line goes to
 # gen_packets without a line end: read from a file, gen_packets keeps the "\n" in the info.
@@ -208,6 +215,14 @@ e2e_start_direwolf() {
     e2e_log "port $port was taken; trying another"
   done
   e2e_fail "Dire Wolf found no free port in 3 tries"
+}
+
+# Stops the Dire Wolf that e2e_start_direwolf started, so that a test can start a fresh one (its
+# log file is overwritten then: move it away first to keep it).
+e2e_stop_direwolf() {
+  e2e_close_feed
+  e2e_stop "$E2E_DW_PID" 3
+  E2E_DW_PID=""
 }
 
 # Plays the given WAV files to Dire Wolf, GAP seconds apart (E2E_FEED_GAP, default 1). The pipe

@@ -165,7 +165,15 @@ MainWindowView::MainWindowView(MainWindow& data, QWidget* parent)
   refresh();
 }
 
-MainWindowView::~MainWindowView() = default;
+MainWindowView::~MainWindowView() {
+  // The widgets outlive this object's members: closing a shown window moves the focus out of a
+  // field, and an editable combo box then reports its text as picked from the list. Nothing of
+  // that may reach the handlers of a window half taken down.
+  for (QObject* child : findChildren<QObject*>()) {
+    child->removeEventFilter(this);
+    child->disconnect(this);
+  }
+}
 
 QWidget* MainWindowView::buildStatusStrip() {
   auto* strip = new QFrame(this);
@@ -952,7 +960,8 @@ QWidget* MainWindowView::buildHeardArea() {
   options->addWidget(m_optUnsort);
   col->addLayout(options);
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(addButton(m_data.cmdViewMHeardList, "cmdViewMHeardList", tr("&Details...")));
+  // Alt+D belongs to Send.
+  buttons->addWidget(addButton(m_data.cmdViewMHeardList, "cmdViewMHeardList", tr("Deta&ils...")));
   buttons->addWidget(addButton(m_data.cmdMheardSave, "cmdMheardSave", tr("Sa&ve...")));
   buttons->addWidget(addButton(m_data.cmdMHeardClear, "cmdMHeardClear", tr("C&lear")));
   col->addLayout(buttons);
