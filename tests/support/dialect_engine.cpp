@@ -2,39 +2,29 @@
 // each real engine writes them (see the notes on the engines beside the design).
 #include "support/dialect_engine.h"
 
-#include <cstdio>
 #include <span>
 
 #include "base/text.h"
+#include "sim/air_frame.h"
+#include "sim/dialect.h"
 
 namespace tesk::testing {
 
 namespace {
 
-void PutAddress(std::vector<uint8_t>& out, const std::string& text, uint8_t high, bool last) {
-  const long dash = InStr(text, "-");
-  const std::string base = dash > 0 ? Left(text, dash - 1) : text;
-  const int ssid = dash > 0 ? static_cast<int>(Val(Mid(text, dash + 1))) : 0;
-  for (std::size_t i = 0; i < 6; ++i)
-    out.push_back(static_cast<uint8_t>((i < base.size() ? base[i] : ' ') << 1));
-  out.push_back(static_cast<uint8_t>(high | 0x60 | (ssid << 1) | (last ? 1 : 0)));
-}
-
-std::string Clock(const DateTime& t) {
-  return Format00(t.hour) + ":" + Format00(t.minute) + ":" + Format00(t.second);
-}
-
-std::string Hex2(int v) {
-  char buf[8];
-  std::snprintf(buf, sizeof buf, "%02X", v & 0xFF);
-  return buf;
-}
-
-std::string Le32(uint32_t v) {
-  std::string s;
-  for (int i = 0; i < 4; ++i)
-    s.push_back(static_cast<char>((v >> (8 * i)) & 0xFF));
-  return s;
+// The engines' rules are the simulated engine's; this engine adds the scripting tests need.
+sim::Dialect SimDialect(Dialect d) {
+  switch (d) {
+    case Dialect::DireWolf16:
+      return sim::Dialect::DireWolf16;
+    case Dialect::DireWolf18:
+      return sim::Dialect::DireWolfNew;
+    case Dialect::QtSoundModem:
+      return sim::Dialect::QtSoundModem;
+    case Dialect::AgwPacketEngine:
+      break;
+  }
+  return sim::Dialect::AgwPacketEngine;
 }
 
 std::string WithNul(std::string s) {
@@ -59,42 +49,11 @@ const char* DialectName(Dialect d) {
 }
 
 Ax25Frame Tnc2(const std::string& line) {
-  Ax25Frame f;
-  const long colon = InStr(line, ":");
-  const std::string head = Left(line, colon - 1);
-  f.info = Mid(line, colon + 1);
-  f.pid = 0xF0;
-  const long gt = InStr(head, ">");
-  f.source.call = Left(head, gt - 1);
-  std::vector<std::string> parts;
-  std::string rest = Mid(head, gt + 1) + ",";
-  for (long c = InStr(rest, ","); c > 0; c = InStr(rest, ",")) {
-    parts.push_back(Left(rest, c - 1));
-    rest = Mid(rest, c + 1);
-  }
-  f.destination.call = parts[0];
-  long lastUsed = -1;
-  for (std::size_t i = 1; i < parts.size(); ++i)
-    if (!parts[i].empty() && parts[i].back() == '*') lastUsed = static_cast<long>(i);
-  for (std::size_t i = 1; i < parts.size(); ++i) {
-    std::string call = parts[i];
-    if (!call.empty() && call.back() == '*') call.pop_back();
-    f.digipeaters.push_back(Ax25Address{call, static_cast<long>(i) <= lastUsed});
-  }
-  return f;
+  return sim::ParseTnc2(line).value_or(Ax25Frame{});
 }
 
 std::vector<uint8_t> Ax25Bytes(const Ax25Frame& f) {
-  std::vector<uint8_t> out;
-  PutAddress(out, f.destination.call, 0x80, false);
-  PutAddress(out, f.source.call, 0x00, f.digipeaters.empty());
-  for (std::size_t i = 0; i < f.digipeaters.size(); ++i)
-    PutAddress(out, f.digipeaters[i].call, f.digipeaters[i].repeated ? 0x80 : 0x00,
-               i + 1 == f.digipeaters.size());
-  out.push_back(f.control);
-  if (f.pid) out.push_back(*f.pid);
-  out.insert(out.end(), f.info.begin(), f.info.end());
-  return out;
+  return sim::EncodeAir(f);
 }
 
 DialectEngine::DialectEngine(SimPlatform& platform, Dialect dialect, std::string host, int port)
@@ -157,44 +116,8 @@ std::string DialectEngine::kinds() const {
 }
 
 std::string DialectEngine::monitorText(const Ax25Frame& f, int port, char) const {
-  const bool direwolf = m_dialect == Dialect::DireWolf16 || m_dialect == Dialect::DireWolf18;
-  long lastUsed = -1;
-  for (std::size_t i = 0; i < f.digipeaters.size(); ++i)
-    if (f.digipeaters[i].repeated) lastUsed = static_cast<long>(i);
-  std::string via;
-  for (std::size_t i = 0; i < f.digipeaters.size(); ++i) {
-    if (i > 0) via += ",";
-    via += f.digipeaters[i].call;
-    const bool mark = m_dialect == Dialect::DireWolf16   ? false
-                      : m_dialect == Dialect::DireWolf18 ? static_cast<long>(i) == lastUsed
-                                                         : f.digipeaters[i].repeated;
-    if (mark) via += "*";
-  }
-  std::string info = f.info;
-  if (m_dialect == Dialect::DireWolf16) info = CutAtNul(info);
-  if (m_dialect == Dialect::QtSoundModem) {
-    std::string shown;
-    for (char c : info)
-      if (static_cast<unsigned char>(c) > 31 || c == '\r' || c == '\t') shown += c;
-    info = shown;
-  }
-  const DateTime t = m_dialect == Dialect::QtSoundModem ? m_platform.simClock.utcNow()
-                                                        : m_platform.simClock.localNow();
-  std::string text = " " + std::to_string(port + 1) + ":Fm " + f.source.call + " To " +
-                     f.destination.call + (via.empty() ? "" : " Via " + via) +
-                     " <UI pid=" + Hex2(f.pid.value_or(0xF0)) +
-                     " Len=" + std::to_string(f.info.size()) + (direwolf ? " PF=0" : "") + " >[" +
-                     Clock(t) + "]\r";
-  switch (m_dialect) {
-    case Dialect::DireWolf16:
-    case Dialect::DireWolf18:
-      return WithNul(text + (info.empty() ? "" : info + "\r"));
-    case Dialect::QtSoundModem:
-      return text + info + "\r";
-    case Dialect::AgwPacketEngine:
-      return WithNul(text + info + "\r\r");
-  }
-  return text;
+  return sim::MonitorText(SimDialect(m_dialect), f, port, m_platform.simClock.localNow(),
+                          m_platform.simClock.utcNow());
 }
 
 std::vector<uint8_t> DialectEngine::monitorBytes(const Ax25Frame& f, int port, char kind) const {
@@ -216,17 +139,13 @@ std::vector<uint8_t> DialectEngine::heardBytes(const std::string& tnc2, int port
     k.port = static_cast<uint8_t>(port);
     k.callFrom = f.source.call;
     k.callTo = f.destination.call;
-    const std::vector<uint8_t> ax25 = Ax25Bytes(f);
-    const char portByte = m_dialect == Dialect::DireWolf16 || m_dialect == Dialect::DireWolf18
-                              ? 0
-                              : static_cast<char>(port << 4);
-    k.data = std::string(1, portByte) + std::string(ax25.begin(), ax25.end());
+    k.data = sim::RawFrameData(SimDialect(m_dialect), f, port);
     raw = k.encode();
   }
   if (monitorOn) monitor = monitorBytes(f, port, 'U');
-  // The UZ7HO engine writes the monitor text first; the others the raw frame first.
-  std::vector<uint8_t> out = m_dialect == Dialect::QtSoundModem ? monitor : raw;
-  const std::vector<uint8_t>& second = m_dialect == Dialect::QtSoundModem ? raw : monitor;
+  const bool monitorFirst = sim::MonitorBeforeRaw(SimDialect(m_dialect));
+  std::vector<uint8_t> out = monitorFirst ? monitor : raw;
+  const std::vector<uint8_t>& second = monitorFirst ? raw : monitor;
   out.insert(out.end(), second.begin(), second.end());
   return out;
 }
@@ -261,16 +180,12 @@ void DialectEngine::onBytes(const std::vector<uint8_t>& bytes) {
 
 void DialectEngine::onFrame(const AgwFrame& f) {
   switch (f.kind) {
-    case 'R': {
-      const bool qt = m_dialect == Dialect::QtSoundModem;
-      const uint32_t major = qt ? 2019 : m_dialect == Dialect::AgwPacketEngine ? 2000 : 2005;
-      const uint32_t minor = qt ? 'B' : m_dialect == Dialect::AgwPacketEngine ? 78 : 127;
-      sendFrame('R', 0, "", "", Le32(major) + Le32(minor));
+    case 'R':
+      sendFrame('R', 0, "", "", sim::VersionReply(SimDialect(m_dialect)));
       break;
-    }
     case 'X':
       registered.push_back(f.callFrom);
-      sendFrame(m_dialect == Dialect::QtSoundModem ? 'x' : 'X', f.port, f.callFrom, "",
+      sendFrame(sim::RegisterReplyKind(SimDialect(m_dialect)), f.port, f.callFrom, "",
                 std::string(1, '\1'));
       break;
     case 'm':

@@ -576,7 +576,8 @@ void MainWindowView::buildMenus() {
   m_launchMenu = addMenu(tr("&Launch"), "mnuRuns", nullptr, {{0, tr("(no programs)")}});
   buildLogMenus(file);
   buildMonitorMenus(file, m_editMenu);
-  addMenu(tr("&Help"), "mnuHelp", nullptr, {{0, tr("&Contents")}, {1, tr("&About TESK...")}});
+  // Alt+H belongs to the M&Heard button, so the help menu takes Alt+P.
+  addMenu(tr("Hel&p"), "mnuHelp", nullptr, {{0, tr("&Contents")}, {1, tr("&About TESK...")}});
 }
 
 void MainWindowView::renderMenus() {
@@ -772,7 +773,8 @@ QLabel* MainWindowView::buildAutoLogLabel(QWidget* parent) {
 
 void MainWindowView::buildLogMenus(QMenu* file) {
   MainWindow& d = m_data;
-  m_logMenu = addMenu(tr("&Log"), "mnuautolog", &d.mnuautolog,
+  // Alt+L opens the Launch menu.
+  m_logMenu = addMenu(tr("Lo&g"), "mnuautolog", &d.mnuautolog,
                       {{0, tr("Off")},
                        {1, tr("Only Digipeated")},
                        {2, tr("All")},
