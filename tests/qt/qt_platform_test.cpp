@@ -1,13 +1,17 @@
-// The store on INI files shared with add-on programs, the program finder on /proc, and the
-// file filter conversion of the dialogs.
+// The store on INI files shared with add-on programs, the program finder on /proc, the file
+// filter conversion of the dialogs, and the sound player that never holds the program up.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QDeadlineTimer>
+#include <QFile>
 #include <QTemporaryDir>
 #include <fstream>
+#include <functional>
 
 #include "base/text.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_services.h"
 #include "platform/qt/qt_shell.h"
 #include "platform/qt/qt_store.h"
 #include "qt/qt_test_app.h"
@@ -39,6 +43,42 @@ TEST(QtStore, RegistryAndSettingsSurviveAndAreSharedWithAnotherProgram) {
   EXPECT_EQ(store.getSetting("XX9TK\\TESK", "Module2", "Running", "?"), "?");
   store.saveSetting("XX9TK\\TESK", "Module2", "Running", "No");
   EXPECT_EQ(addOn.getSetting("XX9TK\\TESK", "Module2", "Running", "?"), "No");
+}
+
+// Runs the event loop until `done` or two seconds have passed.
+bool WaitFor(const std::function<bool()>& done) {
+  QDeadlineTimer deadline(2000);
+  while (!done() && !deadline.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+  return done();
+}
+
+TEST(QtSound, PlaysThroughThePlayerWithoutWaitingAndANewSoundStopsTheOld) {
+  testing::QtApp();
+  QTemporaryDir dir;
+  const QString log = dir.filePath("played");
+  const std::string wav = dir.filePath("digi.wav").toStdString();
+  std::ofstream(wav) << "RIFF";
+  // The stand-in player notes the file it was given, then plays for a long time.
+  QtSound sound("/bin/sh", {"-c", "echo \"$0\" >> '" + log + "'; exec sleep 30"});
+  sound.play(dir.filePath("missing.wav").toStdString());
+  EXPECT_FALSE(sound.playing());
+  sound.play(wav);
+  EXPECT_TRUE(sound.playing());  // play returned at once, the player runs on
+  const auto played = [&] {
+    QFile f(log);
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).count('\n') : 0;
+  };
+  ASSERT_TRUE(WaitFor([&] { return played() == 1; }));
+  sound.play(wav);  // the first is stopped, the second plays
+  ASSERT_TRUE(WaitFor([&] { return played() == 2; }));
+  EXPECT_TRUE(sound.playing());
+  sound.play("");
+  EXPECT_FALSE(sound.playing());
+  // A program with no player plays nothing and says nothing.
+  QtSound none("", {});
+  none.play(wav);
+  EXPECT_FALSE(none.playing());
 }
 
 TEST(QtShell, FindsAProgramOfThisUserByItsNameWithOrWithoutItsExtension) {

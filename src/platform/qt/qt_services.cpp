@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QPdfWriter>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTextDocument>
 #ifdef TESK_HAVE_QT_PRINTSUPPORT
 #include <QPrinter>
@@ -16,10 +17,45 @@
 
 namespace tesk {
 
-void QtSound::play(const std::string&) {
-  // QSoundEffect would play without waiting and without a device too, but Qt 6.4's sample
-  // cache deadlocks in its exit handler after a file was loaded; a hung exit is worse than a
-  // silent alarm, which shows in the Monitor, the note window or the alarm log anyway.
+QtSound::QtSound() {
+  // The first player found, in the order of the sound servers a desktop runs today.
+  const std::pair<const char*, QStringList> players[] = {
+      {"pw-play", {}}, {"paplay", {}}, {"aplay", {QStringLiteral("-q")}}};
+  for (const auto& [name, arguments] : players) {
+    const QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
+    if (path.isEmpty()) continue;
+    m_player = path;
+    m_playerArguments = arguments;
+    break;
+  }
+}
+
+QtSound::QtSound(const QString& player, const QStringList& arguments)
+    : m_player(player), m_playerArguments(arguments) {}
+
+QtSound::~QtSound() {
+  stop();
+}
+
+void QtSound::stop() {
+  if (!m_process) return;
+  if (m_process->state() != QProcess::NotRunning) {
+    m_process->kill();
+    m_process->waitForFinished(500);
+  }
+  m_process.reset();
+}
+
+void QtSound::play(const std::string& path) {
+  stop();
+  if (path.empty() || m_player.isEmpty()) return;
+  const QString file = ToQString(path);
+  if (!QFileInfo(file).isFile()) return;
+  m_process = std::make_unique<QProcess>();
+  // A player's complaints (no sound server, a busy device) are no business of the operator's.
+  m_process->setStandardOutputFile(QProcess::nullDevice());
+  m_process->setStandardErrorFile(QProcess::nullDevice());
+  m_process->start(m_player, m_playerArguments + QStringList{file});
 }
 
 namespace {
