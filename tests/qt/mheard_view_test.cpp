@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include "heard/mheard_list.h"
 #include "heard/view_heard.h"
@@ -55,6 +56,9 @@ TEST_F(MHeardViewTest, ListCounterLampsAndFlashFollowTheStruct) {
   const QString shot = QDir::temp().filePath("tesk_mheard_side.png");
   view.findChild<QWidget*>("FrameMHeard")->grab().save(shot);
   view.grab().save(QDir::temp().filePath("tesk_main_mheard.png"));
+  // A whole row fits beside the vertical scroll bar: no horizontal one at the window's size.
+  EXPECT_FALSE(list->horizontalScrollBar()->isVisible())
+      << "list " << list->width() << " px, row " << list->sizeHintForColumn(0) << " px";
 
   // A double click on a row: its call goes to For.
   list->setCurrentRow(1);

@@ -1034,6 +1034,11 @@ void MainWindowView::renderHeard() {
   if (!same) {
     m_heardList->clear();
     m_heardList->addItems(items);
+    // The list grows to show a whole row beside its vertical scroll bar: a date in the
+    // desktop's form can be longer than the space first given, and a cut-off time helps nobody.
+    const int rowWidth = m_heardList->sizeHintForColumn(0) + 2 * m_heardList->frameWidth() +
+                         m_heardList->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (rowWidth > m_heardList->minimumWidth()) m_heardList->setMinimumWidth(rowWidth);
   }
   const int row =
       d.listIndex >= 0 && d.listIndex < m_heardList->count() ? static_cast<int>(d.listIndex) : -1;
