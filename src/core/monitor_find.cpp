@@ -3,6 +3,8 @@
 // and the next search starts from the top again.
 #include "core/monitor_find.h"
 
+#include <utility>
+
 #include "transmit/tx_panel.h"
 
 namespace tesk {
@@ -28,7 +30,10 @@ void MonitorFind::Show(int mode, RichText& target, MenuItem& findNext) {
 }
 
 void MonitorFind::Form_Load() {
-  m_window = FindWindow{};
+  // Swapped with a fresh window rather than assigned from a temporary: GCC 12 at -O3 sees the
+  // temporary's strings as uninitialised (a false warning that -Werror would make fatal).
+  FindWindow fresh;
+  std::swap(m_window, fresh);
   m_window.form.loaded = true;
   m_start = 0;
   m_found = false;
