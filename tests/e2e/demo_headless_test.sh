@@ -8,8 +8,7 @@ set -uo pipefail
 # shellcheck source=tests/e2e/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-tesk=${1:-}
-[[ -n "$tesk" && -x "$tesk" ]] || e2e_fail "no tesk binary given or not executable: '${tesk}'"
+e2e_take_tesk "${1:-}"
 e2e_init
 
 home="$E2E_TMP/home"

@@ -9,9 +9,7 @@ set -uo pipefail
 # shellcheck source=tests/e2e/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-tesk=${1:-}
-[[ -n "$tesk" && -x "$tesk" ]] || e2e_fail "no tesk binary given or not executable: '${tesk}'"
-tesk=$(cd "$(dirname "$tesk")" && pwd)/$(basename "$tesk")
+e2e_take_tesk "${1:-}"
 command -v script >/dev/null || e2e_fail "script (util-linux) is needed for a terminal"
 e2e_init
 

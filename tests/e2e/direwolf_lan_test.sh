@@ -7,9 +7,7 @@ set -uo pipefail
 # shellcheck source=tests/e2e/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-tesk=${1:-}
-[[ -n "$tesk" && -x "$tesk" ]] || e2e_fail "no tesk binary given or not executable: '${tesk}'"
-tesk=$(cd "$(dirname "$tesk")" && pwd)/$(basename "$tesk")
+e2e_take_tesk "${1:-}"
 e2e_init
 
 MYCALL=XX9TK

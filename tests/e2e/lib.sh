@@ -19,6 +19,14 @@ e2e_fail() {
   exit 1
 }
 
+# e2e_take_tesk PATH: the console under test, checked and made absolute, in $tesk (the scripts
+# change folders before they start it).
+e2e_take_tesk() {
+  tesk=${1:-}
+  [[ -n "$tesk" && -x "$tesk" ]] || e2e_fail "no tesk binary given or not executable: '${tesk}'"
+  tesk=$(cd "$(dirname "$tesk")" && pwd)/$(basename "$tesk")
+}
+
 e2e_init() {
   E2E_TMP=$(mktemp -d "${TMPDIR:-/tmp}/tesk-e2e.XXXXXX") || e2e_fail "no temp folder"
   trap e2e_cleanup EXIT
