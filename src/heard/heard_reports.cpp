@@ -168,10 +168,12 @@ void HeardReports::cmdTXMHeard_RightPress() {
   m_platform.views().refresh("main");
 }
 
-void HeardReports::CheckType(int index) {
-  for (MenuArray* menu : {&m_main.menumheardsend, &m_main.menuheardsend})
-    for (int i = 0; i < kTypes; ++i)
-      (*menu)[i].checked = i == index;
+void HeardReports::CheckType(int type) {
+  for (MenuArray* menu : {&m_main.menumheardsend, &m_main.menuheardsend}) {
+    for (auto& [index, item] : *menu)
+      item.checked = false;
+    (*menu)[type].checked = true;
+  }
 }
 
 void HeardReports::menumheardsend_Click(int index) {

@@ -52,6 +52,8 @@ class HeardReports {
   void EditMheardIgnore();
   // Builds the example of the chosen form for the setup.
   void SetTXMHeardType(int16_t type);
+  // The check of both report menus on the item of `type`.
+  void CheckType(int type);
 
   // The menu caption and the frame prefix of a form; part and total count type 1's frames.
   static std::string TypeCaption(int type);
@@ -66,7 +68,6 @@ class HeardReports {
   void SendLastHeard(const std::string& prefix, const std::string& tag);
   void Send(const std::string& text);
   bool Ignored(const std::string& call) const;
-  void CheckType(int index);
 
   Platform& m_platform;
   StationConfig& m_config;

@@ -168,12 +168,7 @@ void Startup::stepsProgramsAndWindow() {
   if (config.AckUIViewType == 2) main.LblAckON.toolTip = "Send with Acknowledgement Request";
   m_step = 14;
   run.LanModeAtStart = run.LanMode;
-  // The send menu's copy of the heard report choices shows the same check.
-  for (MenuArray* menu : {&main.menumheardsend, &main.menuheardsend}) {
-    for (auto& [index, item] : *menu)
-      item.checked = false;
-    (*menu)[config.TXMHeardType].checked = true;
-  }
+  parts.heardReports.CheckType(config.TXMHeardType);
   parts.heardReports.DetectWindows();
   main.form.visible = true;
   platform.views().show("main");

@@ -106,22 +106,24 @@ void Station::consoleLine(const std::string& line) {
 void Station::AddConsoleCommands() {
   StationParts& p = *m_parts;
   TxPanel& panel = p.txPanel;
-  // Each command does what the same keys do in the window, so both paths stay one.
-  const auto enter = [this, &panel](TxField field, const std::string& text) {
+  // Each line does what typing into the field and Enter do in the window, so both stay one.
+  const auto typeAndEnter = [&panel](TxField field, const std::string& text) {
     panel.box(field).text = text;
     panel.Change(field);
     panel.KeyDown(field, kKeyReturn);
+  };
+  const auto enterPath = [this, typeAndEnter](TxField field, const std::string& text) {
+    typeAndEnter(field, text);
     m_platform.views().notice(
         "Path: To " + m_main.cmbToCall.text +
         (Trim(m_main.cmbViaCall.text).empty() ? std::string() : " Via " + m_main.cmbViaCall.text));
   };
-  p.console.setPlainLine([&panel](const std::string& text) {
-    panel.box(TxField::DataText).text = text;
-    panel.Change(TxField::DataText);
-    panel.KeyDown(TxField::DataText, kKeyReturn);
-  });
-  p.console.add("to", ":to CALL", [enter](const std::string& a) { enter(TxField::ToCall, a); });
-  p.console.add("via", ":via PATH", [enter](const std::string& a) { enter(TxField::ViaCall, a); });
+  p.console.setPlainLine(
+      [typeAndEnter](const std::string& text) { typeAndEnter(TxField::DataText, text); });
+  p.console.add("to", ":to CALL",
+                [enterPath](const std::string& a) { enterPath(TxField::ToCall, a); });
+  p.console.add("via", ":via PATH",
+                [enterPath](const std::string& a) { enterPath(TxField::ViaCall, a); });
   p.console.add("header", ":header",
                 [&p](const std::string&) { p.uiTextSender.menusends_Click(0); });
   p.console.add("heard", ":heard [0-3]", [this, &p](const std::string& a) {

@@ -139,7 +139,7 @@ void TxPanel::ValidateToViaBoxes() {
   ComboBox& to = m_main.cmbToCall;
   ComboBox& via = m_main.cmbViaCall;
   m_ports.ToonAktievePoort();
-  m_run.ToVia = UCase(Trim(to.text + " " + via.text));
+  RebuildToVia();
   if (m_config.ToCall.empty() || to.text.empty()) {
     // An emptied To field leaves no To call behind, so the caller's test of ToCall stops the
     // send; a To call that is already empty stays so until To is entered again.
@@ -157,6 +157,10 @@ void TxPanel::ValidateToViaBoxes() {
   // A frame sent by hand puts the next beacon a full interval away.
   if (m_config.Beacon != 0 && m_restartBeaconCount) m_restartBeaconCount();
   refresh();
+}
+
+void TxPanel::RebuildToVia() {
+  m_run.ToVia = UCase(Trim(m_main.cmbToCall.text + " " + m_main.cmbViaCall.text));
 }
 
 void TxPanel::UpdateCounter(int index) {

@@ -57,6 +57,8 @@ class TxPanel {
   // reserved. With mode 0 `text` is also cut to that room when it is longer.
   long CalcUI_TXlength(std::string& text, int16_t reserved, int16_t mode) const;
   void ValidateToViaBoxes();
+  // ToVia, the call path of direct mode, from the To and Via fields as they stand.
+  void RebuildToVia();
   static void LimitInputFields(ComboBox& field, long max);
   static long InstrCount(const std::string& text, const std::string& word);
   void SetCoherentTXBoxColors();

@@ -124,10 +124,6 @@ int UiTextSender::Drop(const std::string& data, bool isText) {
   return 1;
 }
 
-void UiTextSender::RebuildToVia() {
-  m_run.ToVia = UCase(Trim(m_main.cmbToCall.text + " " + m_main.cmbViaCall.text));
-}
-
 void UiTextSender::StuurMonitorTekst() {
   m_panel.ValidateToViaBoxes();
   if (m_config.ToCall.empty()) return;
@@ -139,7 +135,7 @@ void UiTextSender::StuurMonitorTekst() {
       m_transmit.AGWPE_UI_Send(piece, TxMonitorText);
       if (m_platform.loop().ended()) return;
       // The fields may change during the pauses between pieces; the next piece follows them.
-      RebuildToVia();
+      m_panel.RebuildToVia();
     }
   } else {
     std::string text = whole;

@@ -51,8 +51,6 @@ class UiTextSender {
   MenuHooks hooks;
 
  private:
-  void RebuildToVia();
-
   Platform& m_platform;
   StationConfig& m_config;
   RunState& m_run;

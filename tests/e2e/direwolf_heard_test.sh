@@ -66,11 +66,7 @@ last_info=$(e2e_info_of "${LINES[3]}")
 e2e_wait_text "$out" "$last_info" 20 "$tesk_pid"
 sleep 1
 kill -TERM "$tesk_pid" 2>/dev/null
-for ((i = 0; i < 150; i++)); do
-  kill -0 "$tesk_pid" 2>/dev/null || break
-  sleep 0.1
-done
-kill -0 "$tesk_pid" 2>/dev/null && e2e_fail "tesk did not end within 15 s of SIGTERM"$'\n'"$(report)"
+e2e_await_tesk_end 15 || e2e_fail "tesk did not end within 15 s of SIGTERM"$'\n'"$(report)"
 wait "$script_pid" 2>/dev/null
 E2E_PIDS=()
 

@@ -22,20 +22,14 @@ e2e_log "Dire Wolf listens on 127.0.0.1:$E2E_AGW_PORT"
 
 # A fresh program folder whose LAN settings point at that engine: 30 lines, CR LF.
 home="$E2E_TMP/home"
-mkdir -p "$home" "$E2E_TMP/config" "$E2E_TMP/data" "$E2E_TMP/cache"
+mkdir -p "$home"
 e2e_write_lan_ini "$home" 1
 
 # The first run asks for the call sign on standard input; after that, end of input means the
 # default answer to any question.
 printf '%s\n' "$MYCALL" >"$E2E_TMP/stdin.txt"
-out="$E2E_TMP/tesk.out"
-err="$E2E_TMP/tesk.err"
 started=$SECONDS
-(cd "$E2E_TMP" && XDG_CONFIG_HOME="$E2E_TMP/config" XDG_DATA_HOME="$E2E_TMP/data" \
-  XDG_CACHE_HOME="$E2E_TMP/cache" QT_QPA_PLATFORM=offscreen \
-  exec "$tesk" --headless --home "$home" /LAN <"$E2E_TMP/stdin.txt" >"$out" 2>"$err" 7>&-) &
-tesk_pid=$!
-E2E_PIDS+=("$tesk_pid")
+e2e_launch_tesk "$E2E_TMP" "$E2E_TMP/stdin.txt" /LAN
 
 report() {
   echo "tesk exit status: ${tesk_status:-still running}"
@@ -62,18 +56,7 @@ kill -0 "$tesk_pid" 2>/dev/null || {
   e2e_fail "tesk ended by itself before SIGTERM"$'\n'"$(report)"
 }
 kill -TERM "$tesk_pid"
-for ((i = 0; i < 150; i++)); do
-  kill -0 "$tesk_pid" 2>/dev/null || break
-  sleep 0.1
-done
-if kill -0 "$tesk_pid" 2>/dev/null; then
-  e2e_stop "$tesk_pid" 1
-  tesk_status=$?
-  e2e_fail "tesk did not end within 15 s of SIGTERM"$'\n'"$(report)"
-fi
-wait "$tesk_pid"
-tesk_status=$?
-E2E_PIDS=()
+e2e_await_tesk_end 15 || e2e_fail "tesk did not end within 15 s of SIGTERM"$'\n'"$(report)"
 
 failures=()
 ((tesk_status < 128)) || failures+=("tesk was ended by signal $((tesk_status - 128)) instead of shutting down")

@@ -70,18 +70,12 @@ run_mode() {
   e2e_log "$mode_name mode: Dire Wolf listens on 127.0.0.1:$E2E_AGW_PORT"
   local run_dir="$E2E_TMP/$mode_name"
   local home="$run_dir/home"
-  mkdir -p "$home" "$run_dir/config" "$run_dir/data" "$run_dir/cache"
+  mkdir -p "$home"
   e2e_write_lan_ini "$home" "$mode"
-  out="$run_dir/tesk.out"
-  err="$run_dir/tesk.err"
   # The console's input: a fifo this script holds open, so the end of input never comes early.
   local fifo="$run_dir/stdin"
   mkfifo "$fifo" || e2e_fail "no fifo"
-  (cd "$run_dir" && XDG_CONFIG_HOME="$run_dir/config" XDG_DATA_HOME="$run_dir/data" \
-    XDG_CACHE_HOME="$run_dir/cache" QT_QPA_PLATFORM=offscreen \
-    exec "$tesk" --headless --home "$home" <"$fifo" >"$out" 2>"$err" 7>&- 8>&-) &
-  tesk_pid=$!
-  E2E_PIDS+=("$tesk_pid")
+  e2e_launch_tesk "$run_dir" "$fifo"
   exec 8>"$fifo"
   # The first run asks for the own call.
   printf '%s\n' "$MYCALL" >&8
@@ -137,16 +131,8 @@ run_mode() {
     fail_run "the heard report did not come back to the Monitor"
 
   printf ':quit\n' >&8
-  local i
-  for ((i = 0; i < 150; i++)); do
-    kill -0 "$tesk_pid" 2>/dev/null || break
-    sleep 0.1
-  done
-  kill -0 "$tesk_pid" 2>/dev/null && fail_run "tesk did not end within 15 s of \":quit\""
-  wait "$tesk_pid"
-  tesk_status=$?
+  e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
   exec 8>&-
-  E2E_PIDS=()
   check_run "$text" "$header" "$path"
   tesk_pid=""
   e2e_log "$mode_name mode passed in $((SECONDS - started)) s"

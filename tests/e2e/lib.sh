@@ -19,6 +19,42 @@ e2e_fail() {
   exit 1
 }
 
+# e2e_launch_tesk DIR INPUT [ARGS...]: starts `$tesk --headless` in the background for a station
+# whose program folder is DIR/home (holding its TESKLanMode.ini already), with its own config,
+# data and cache folders under DIR, reading INPUT (a file or a fifo). Sets tesk_pid, and out and
+# err (DIR/tesk.out, DIR/tesk.err). The cleanup stops it if the test does not.
+e2e_launch_tesk() {
+  local dir=$1 input=$2
+  shift 2
+  mkdir -p "$dir/home" "$dir/config" "$dir/data" "$dir/cache"
+  out="$dir/tesk.out"
+  err="$dir/tesk.err"
+  (cd "$dir" && XDG_CONFIG_HOME="$dir/config" XDG_DATA_HOME="$dir/data" \
+    XDG_CACHE_HOME="$dir/cache" QT_QPA_PLATFORM=offscreen \
+    exec "$tesk" --headless --home "$dir/home" "$@" <"$input" >"$out" 2>"$err" 7>&- 8>&-) &
+  tesk_pid=$!
+  E2E_PIDS+=("$tesk_pid")
+}
+
+# e2e_await_tesk_end [SECONDS]: waits at most SECONDS (default 15) for tesk_pid to end and sets
+# tesk_status. One still running then is killed, and the function returns 1.
+e2e_await_tesk_end() {
+  local seconds=${1:-15} i pid keep=()
+  for ((i = 0; i < seconds * 10; i++)); do
+    kill -0 "$tesk_pid" 2>/dev/null || break
+    sleep 0.1
+  done
+  if kill -0 "$tesk_pid" 2>/dev/null; then
+    e2e_stop "$tesk_pid" 1
+    tesk_status=$?
+    return 1
+  fi
+  wait "$tesk_pid" 2>/dev/null
+  tesk_status=$?
+  for pid in "${E2E_PIDS[@]}"; do [[ $pid == "$tesk_pid" ]] || keep+=("$pid"); done
+  E2E_PIDS=("${keep[@]}")
+}
+
 # e2e_take_tesk PATH: the console under test, checked and made absolute, in $tesk (the scripts
 # change folders before they start it).
 e2e_take_tesk() {

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/combo_items.h"
 
 namespace tesk {
 
@@ -38,19 +39,7 @@ void RenderCheck(QCheckBox* w, const CheckBox& d) {
 
 void RenderList(QComboBox* w, const ComboBox& d) {
   const QSignalBlocker block(w);
-  QStringList items;
-  for (const std::string& s : d.list)
-    items << ToQString(s);
-  QStringList shown;
-  for (int i = 0; i < w->count(); ++i)
-    shown << w->itemText(i);
-  if (items != shown) {
-    w->clear();
-    w->addItems(items);
-  }
-  const int index =
-      d.listIndex >= 0 && d.listIndex < w->count() ? static_cast<int>(d.listIndex) : -1;
-  if (w->currentIndex() != index) w->setCurrentIndex(index);
+  RenderComboItems(w, d);
   if (w->isEditable() && w->currentText() != ToQString(d.text)) w->setEditText(ToQString(d.text));
   RenderControl(w, d);
 }

@@ -45,6 +45,7 @@
 #include "heard/heard_reports.h"
 #include "heard/mheard_list.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/combo_items.h"
 #include "transmit/ui_text_sender.h"
 
 namespace tesk {
@@ -78,19 +79,7 @@ void RenderCombo(QComboBox* w, const ComboBox& d, const QString& fallbackTip) {
   const QSignalBlocker block(w);
   QLineEdit* edit = w->lineEdit();
   const QSignalBlocker blockEdit(edit);
-  QStringList items;
-  for (const std::string& s : d.list)
-    items << ToQString(s);
-  QStringList shown;
-  for (int i = 0; i < w->count(); ++i)
-    shown << w->itemText(i);
-  if (items != shown) {
-    w->clear();
-    w->addItems(items);
-  }
-  const int index =
-      d.listIndex >= 0 && d.listIndex < w->count() ? static_cast<int>(d.listIndex) : -1;
-  if (w->currentIndex() != index) w->setCurrentIndex(index);
+  RenderComboItems(w, d);
   const QString text = ToQString(d.text);
   if (w->currentText() != text) w->setEditText(text);
   // The caret and the selection are data too: a handler may have moved them.
