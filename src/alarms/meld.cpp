@@ -13,12 +13,9 @@ Meld::Meld(Platform& platform, MainWindow& main)
   m_window.form.height = kHeight;
   m_window.labelHeight = kLabelHeight;
   m_timer->setHandler([this] { Timer1_Timer(); });
-  m_main.meld = this;  // the view finds the note through the main window
 }
 
-Meld::~Meld() {
-  if (m_main.meld == this) m_main.meld = nullptr;
-}
+Meld::~Meld() = default;
 
 void Meld::ShowMeld(const std::string& text, int hideOk) {
   if (!m_window.form.loaded) Load();
@@ -27,8 +24,8 @@ void Meld::ShowMeld(const std::string& text, int hideOk) {
   Activate();
   m_window.form.visible = true;
   Views& views = m_platform.views();
-  views.show("Meld");
-  views.refresh("Meld");
+  views.show(WindowKind::Meld);
+  views.refresh(WindowKind::Meld);
   views.notice(text);
 }
 
@@ -45,7 +42,7 @@ void Meld::Unload() {
   m_timer->setEnabled(false);
   m_window.form.loaded = false;
   m_window.form.visible = false;
-  m_platform.views().hide("Meld");
+  m_platform.views().hide(WindowKind::Meld);
 }
 
 void Meld::Timer1_Timer() {

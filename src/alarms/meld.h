@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "state/main_window.h"
 
 namespace tesk {
 

@@ -31,13 +31,9 @@ PacketLog::PacketLog(Platform& platform, StationConfig& config, RunState& run, M
       m_config(config),
       m_run(run),
       m_main(main),
-      m_saveSettings(std::move(saveSettings)) {
-  m_main.packetLog = this;  // the view's log menu and label reach their handlers here
-}
+      m_saveSettings(std::move(saveSettings)) {}
 
-PacketLog::~PacketLog() {
-  if (m_main.packetLog == this) m_main.packetLog = nullptr;
-}
+PacketLog::~PacketLog() = default;
 
 // ---- paths ---------------------------------------------------------------------------------
 
@@ -179,7 +175,7 @@ void PacketLog::AutoLog(int index) {
   // saved at once.
   if (m_operatorAsked && m_saveSettings) m_saveSettings();
   m_operatorAsked = false;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void PacketLog::mnuautolog_Click(int index) {
@@ -251,6 +247,33 @@ void PacketLog::OpenAnyLog() {
   const std::string path = m_platform.dialogs().fileOpen(
       "Open Any Log...", "Log files (*.log)|*.log|All files (*.*)|*.*", LogsFolder());
   if (!path.empty()) OpenInViewer(path);
+}
+
+void PacketLog::RegisterCommands(CommandTable& commands) {
+  const std::pair<int, const char*> modes[] = {{0, "Off"},
+                                               {1, "Only Digipeated"},
+                                               {2, "All"},
+                                               {3, "Only of Call..."},
+                                               {10, "Open current Log..."},
+                                               {20, "Open Any Log..."},
+                                               {40, "Digi LogBook"},
+                                               {50, "Open Digi LogBook..."}};
+  for (const auto& [index, caption] : modes)
+    commands.addRow(Command::mnuautolog, m_main.mnuautolog, index, caption,
+                    [this](int i) { mnuautolog_Click(i); });
+  const std::pair<int, const char*> opens[] = {
+      {10, "Current Auto-Log..."}, {20, "Any Log..."}, {40, "Digi LogBook..."}};
+  for (const auto& [index, caption] : opens)
+    commands.addRow(Command::mnuOpenLog, m_main.mnuOpenLog, index, caption,
+                    [this](int i) { mnuOpenLog_Click(i); });
+  CommandSpec dbl;
+  dbl.key = {Command::AutoLogLabel_DblClick};
+  dbl.handler = [this](const std::string&) { AutoLogLabel_DblClick(); };
+  commands.add(std::move(dbl));
+  CommandSpec right;
+  right.key = {Command::AutoLogLabel_RightPress};
+  right.handler = [this](const std::string&) { AutoLogLabel_RightPress(); };
+  commands.add(std::move(right));
 }
 
 }  // namespace tesk

@@ -8,10 +8,11 @@
 #include <functional>
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -25,6 +26,9 @@ class PacketLog {
   ~PacketLog();
   PacketLog(const PacketLog&) = delete;
   PacketLog& operator=(const PacketLog&) = delete;
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // mode 0: the alarm log; 1: the automatic log; 2: the Digi LogBook. A frame the mode does not
   // take, or a file that cannot be written, leaves no trace.

@@ -6,9 +6,9 @@
 #include <array>
 #include <string>
 
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

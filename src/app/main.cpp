@@ -62,9 +62,16 @@ void WireHeadless(tesk::QtPlatform& platform, tesk::Station& station,
 void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& shutDown) {
   tesk::QtViews& views = *platform.qtViews();
   views.setSplashText([&station]() { return "Version " + station.run().VersionText; });
-  views.attachLanSetup(station.parts().lanSetup);
+  tesk::StationParts& parts = station.parts();
+  views.attachLanSetup(parts.lanSetup);
+  views.attachMeld(parts.meld);
+  views.attachFind(parts.find);
+  views.attachViewHeard(parts.viewHeard);
+  views.attachEditTXData(parts.txPanel.editor());
   views.attachMainWindow(
-      station.mainWindow(),
+      station.mainWindow(), station.commands(),
+      tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,
+                               &parts.uiTextSender},
       [&station]() {
         const tesk::StationConfig& c = station.config();
         return tesk::MonitorLook{c.ScreenColor, c.MonitorFontname, c.FontSize, c.FontBold != 0};

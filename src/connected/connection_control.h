@@ -7,8 +7,8 @@
 #include <string>
 
 #include "core/hand_off_log.h"
-#include "main/run_state.h"
 #include "platform/controls.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

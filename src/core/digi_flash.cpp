@@ -23,14 +23,14 @@ void DigiFlash::ReceiveLamp() {
   m_main.imgTXRXlight[0].visible = true;
   LightMode = Receive;
   m_timer->setEnabled(true);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void DigiFlash::TransmitLamp() {
   m_main.imgTXRXlight[1].visible = true;
   LightMode = Transmit;
   m_timer->setEnabled(true);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void DigiFlash::DigiFlashStart() {
@@ -78,7 +78,7 @@ void DigiFlash::Tick() {
       }
       break;
   }
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 }  // namespace tesk

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "main/main_window.h"
 #include "platform/platform.h"
+#include "state/main_window.h"
 
 namespace tesk {
 

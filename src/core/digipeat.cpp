@@ -17,9 +17,7 @@ Digipeat::Digipeat(Platform& platform, StationConfig& config, MainWindow& main, 
       m_main(main),
       m_flash(flash),
       m_sounds(sounds),
-      m_beacon(beacon) {
-  m_main.digipeat = this;
-}
+      m_beacon(beacon) {}
 
 bool Digipeat::IsOwnDigipeat(const std::string& header) const {
   if (Len(header) < 7 || InStr(header, "*") == 0) return false;
@@ -57,14 +55,23 @@ bool Digipeat::LogDigi(const std::string& header) {
     m_beacon.StopOnDigipeats();
   // The headless console's view of the flash.
   m_platform.views().notice("Digipeated: " + m_main.LblDigipeatedTot.caption);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
   return true;
 }
 
 void Digipeat::mnuShowDigiStatuss_Click() {
   m_main.LblDigipeatedTot.caption = "0";
   DigipeatedTotal = 0;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
+}
+
+void Digipeat::RegisterCommands(CommandTable& commands) {
+  CommandSpec spec;
+  spec.key = {Command::mnuShowDigiStatuss};
+  spec.item = &m_main.mnuShowDigiStatuss;
+  spec.caption = m_main.mnuShowDigiStatuss.caption;
+  spec.handler = [this](const std::string&) { mnuShowDigiStatuss_Click(); };
+  commands.add(std::move(spec));
 }
 
 }  // namespace tesk

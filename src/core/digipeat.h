@@ -5,9 +5,10 @@
 
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
 
 namespace tesk {
 
@@ -19,6 +20,9 @@ class Digipeat {
  public:
   Digipeat(Platform& platform, StationConfig& config, MainWindow& main, DigiFlash& flash,
            SoundTable& sounds, BeaconScheduler& beacon);
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // True when the frame counted as an own digipeat; the header is then painted in [DigiColor].
   bool LogDigi(const std::string& header);

@@ -45,11 +45,10 @@ void ReplaceRange(RichText& text, std::size_t at, std::size_t count,
 }  // namespace
 
 MonitorConsole::MonitorConsole(Platform& platform, StationConfig& config, MainWindow& main,
-                               const RunState& run)
-    : m_platform(platform), m_config(config), m_main(main), m_run(run) {
+                               const RunState& run, TxPanel* txPanel)
+    : m_platform(platform), m_config(config), m_main(main), m_run(run), m_txPanel(txPanel) {
   // Read-only until the operator (or [EditMonitor] at start) unlocks it.
   m_main.txtMonitor.setLocked(true);
-  m_main.monitorConsole = this;
   txtMonitor_PopupClosed();  // items 100 to 140 belong to the right-click menu
   m_main.cmdMonitorClear.toolTip = "Erase the Monitor window";
   m_main.cmdMonitorCut.toolTip = "Cut the selected text";
@@ -61,9 +60,7 @@ MonitorConsole::MonitorConsole(Platform& platform, StationConfig& config, MainWi
   m_main.cmdFind.toolTip = "Find text in the Monitor";
 }
 
-MonitorConsole::~MonitorConsole() {
-  m_main.monitorConsole = nullptr;
-}
+MonitorConsole::~MonitorConsole() = default;
 
 TextStyle MonitorConsole::Style(Color color) const {
   return TextStyle{color, m_config.FontBold != 0, m_config.FontSize};
@@ -252,7 +249,7 @@ void MonitorConsole::InsertDateAndTime() {
     box.selStart = start + Len(stamp);
     box.selLength = 0;
     // The field's change event, as typing would raise it: the length counter follows.
-    if (m_main.txPanel != nullptr) m_main.txPanel->Change(field);
+    if (m_txPanel != nullptr) m_txPanel->Change(field);
   }
 }
 
@@ -409,6 +406,52 @@ void MonitorConsole::cmdMonitorPrint_Click() {
                                   MsgButtons::YesNo, MsgIcon::Question, "Print");
   if (answer != MsgResult::Yes) return;
   m_platform.printer().printText(printed);  // a failed print leaves nothing to tell
+}
+
+void MonitorConsole::RegisterCommands(CommandTable& commands) {
+  const std::pair<Command, void (MonitorConsole::*)()> clicks[] = {
+      {Command::cmdMonitorClear, &MonitorConsole::cmdMonitorClear_Click},
+      {Command::cmdMonitorCut, &MonitorConsole::cmdMonitorCut_Click},
+      {Command::cmdMonitorCopy, &MonitorConsole::cmdMonitorCopy_Click},
+      {Command::cmdMonitorPaste, &MonitorConsole::cmdMonitorPaste_Click},
+      {Command::cmdMonitorSave, &MonitorConsole::cmdMonitorSave_Click},
+      {Command::cmdMonitorOpen, &MonitorConsole::cmdMonitorOpen_Click},
+      {Command::cmdMonitorPrint, &MonitorConsole::cmdMonitorPrint_Click},
+      {Command::ExportToASCII, &MonitorConsole::ExportToASCII_Click},
+      {Command::chkScroll, &MonitorConsole::chkScroll_Click},
+      {Command::txtMonitor_RightPress, &MonitorConsole::txtMonitor_RightPress},
+      {Command::txtMonitor_PopupClosed, &MonitorConsole::txtMonitor_PopupClosed},
+  };
+  for (const auto& [command, click] : clicks) {
+    CommandSpec spec;
+    spec.key = {command};
+    spec.handler = [this, click = click](const std::string&) { (this->*click)(); };
+    if (command == Command::ExportToASCII) {
+      spec.item = &m_main.ExportToASCII;
+      spec.enabled = WhileEnabled(m_main.ExportToASCII);
+    }
+    commands.add(std::move(spec));
+  }
+  const auto edits = [this](int i) { menuedits_Click(i); };
+  const std::pair<int, const char*> rows[] = {{0, "&Undo"},
+                                              {50, "&Delete"},
+                                              {70, "Select &All"},
+                                              {80, "&Clear All"},
+                                              {92, "Insert &Date and Time"},
+                                              {100, "&Freeze Monitor"},
+                                              {110, "&Enable Monitor for Edit"},
+                                              {120, "View Only Data in  Monitor"}};
+  for (const auto& [index, caption] : rows)
+    commands.addRow(Command::menuedits, m_main.menuedits, index, caption, edits);
+  // The statistics and the Monitor's setup page run only once their windows exist.
+  commands.addRow(Command::menuedits, m_main.menuedits, 130, "&Statistics...", edits,
+                  [this] { return static_cast<bool>(OpenStatistics); });
+  commands.addRow(Command::menuedits, m_main.menuedits, 140, "Setup &Monitor...", edits,
+                  [this] { return static_cast<bool>(OpenMonitorSetup); });
+  commands.addRow(Command::menuoptions, m_main.menuoptions, 130, "&Freeze Monitor",
+                  [this](int i) { menuoptions_Click(i); });
+  commands.addRow(Command::menuoptions, m_main.menuoptions, 140, "&Enable Monitor for Edit",
+                  [this](int i) { menuoptions_Click(i); });
 }
 
 }  // namespace tesk

@@ -11,20 +11,29 @@
 #include <string>
 #include <vector>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
+
+class TxPanel;
 
 class MonitorConsole {
  public:
   // The run state gives the program folder, under which the saves go.
-  MonitorConsole(Platform& platform, StationConfig& config, MainWindow& main, const RunState& run);
+  // `txPanel`, when given, hears of a date and time written into a transmit field, as typing
+  // would tell it.
+  MonitorConsole(Platform& platform, StationConfig& config, MainWindow& main, const RunState& run,
+                 TxPanel* txPanel = nullptr);
   ~MonitorConsole();
   MonitorConsole(const MonitorConsole&) = delete;
   MonitorConsole& operator=(const MonitorConsole&) = delete;
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // Appends one line in [Data color] (flag non-zero) or [Header color], ignoring every filter.
   void NotaInMonitor(const std::string& text, int flag);
@@ -121,6 +130,7 @@ class MonitorConsole {
   StationConfig& m_config;
   MainWindow& m_main;
   const RunState& m_run;
+  TxPanel* m_txPanel;
   std::size_t m_keptCaret = 0;
   UndoStep m_undo;
   bool m_openConfirmed = false;  // the question before opening a file is asked once a run

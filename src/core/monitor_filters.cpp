@@ -16,15 +16,12 @@ constexpr Color kSystemButtonText = static_cast<Color>(0x80000012);
 
 MonitorFilters::MonitorFilters(Platform& platform, StationConfig& config, MainWindow& main)
     : m_platform(platform), m_config(config), m_main(main) {
-  m_main.monitorFilters = this;
   m_main.menufilters[0].checked = true;  // a new station shows everything
   m_main.lblMonitorFilter.toolTip = kToolTip;
   ShowNoFilter();
 }
 
-MonitorFilters::~MonitorFilters() {
-  m_main.monitorFilters = nullptr;
-}
+MonitorFilters::~MonitorFilters() = default;
 
 void MonitorFilters::ShowFilter(const std::string& caption) {
   Label& label = m_main.lblMonitorFilter;
@@ -112,6 +109,18 @@ bool MonitorFilters::FilterPasses(const std::string& header) const {
   const auto none = m_main.menufilters.find(0);
   if (none != m_main.menufilters.end() && none->second.checked) return true;
   return !m_filterText.empty() && InStr(header, m_filterText) > 0;
+}
+
+void MonitorFilters::RegisterCommands(CommandTable& commands) {
+  const std::pair<int, const char*> rows[] = {{0, "No Filters"},
+                                              {1, "Call (To)"},
+                                              {2, "Digipeater Call (Via)"},
+                                              {3, "Only Digipeated Packets"},
+                                              {5, "Enter Call/text..."},
+                                              {15, "Save Filter Settings"}};
+  for (const auto& [index, caption] : rows)
+    commands.addRow(Command::menufilters, m_main.menufilters, index, caption,
+                    [this](int i) { menufilters_Click(i); });
 }
 
 }  // namespace tesk

@@ -6,9 +6,10 @@
 
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
 
 namespace tesk {
 
@@ -27,6 +28,9 @@ class MonitorFilters {
   ~MonitorFilters();
   MonitorFilters(const MonitorFilters&) = delete;
   MonitorFilters& operator=(const MonitorFilters&) = delete;
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // The filter menu: 0 none, 1 the To call, 2 the Via call, 3 digipeated frames only, 5 a
   // typed text, 15 save the filter into the settings.

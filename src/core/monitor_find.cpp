@@ -11,14 +11,11 @@ namespace tesk {
 
 MonitorFind::MonitorFind(Platform& platform, MainWindow& main)
     : m_platform(platform), m_main(main) {
-  m_main.monitorFind = this;
   m_target = &m_main.txtMonitor;
   m_findNext = &m_main.menuFindNext;
 }
 
-MonitorFind::~MonitorFind() {
-  m_main.monitorFind = nullptr;
-}
+MonitorFind::~MonitorFind() = default;
 
 void MonitorFind::Show(int mode, RichText& target, MenuItem& findNext) {
   if (!m_window.form.loaded) Form_Load();
@@ -26,7 +23,7 @@ void MonitorFind::Show(int mode, RichText& target, MenuItem& findNext) {
   m_target = &target;
   m_findNext = &findNext;
   m_window.form.visible = true;
-  m_platform.views().show(kWindowName);
+  m_platform.views().show(kWindowKind);
 }
 
 void MonitorFind::Form_Load() {
@@ -52,7 +49,7 @@ void MonitorFind::Form_Unload() {
   m_window.form.loaded = false;
   m_window.form.visible = false;
   m_findNext->enabled = false;
-  m_platform.views().hide(kWindowName);
+  m_platform.views().hide(kWindowKind);
 }
 
 void MonitorFind::FindText() {
@@ -86,6 +83,26 @@ void MonitorFind::menufindcount_Click() {
                   : "'" + word + "' has NOT been found";
     dialogs.msgBox(result, MsgButtons::Ok, MsgIcon::Information, "Results");
   }
+}
+
+void MonitorFind::RegisterCommands(CommandTable& commands) {
+  const auto add = [&commands](Command command, std::string caption, std::string shortcut,
+                               MenuItem* item, std::function<void()> run) {
+    CommandSpec spec;
+    spec.key = {command};
+    spec.caption = std::move(caption);
+    spec.shortcut = std::move(shortcut);
+    spec.item = item;
+    if (item != nullptr) spec.enabled = WhileEnabled(*item);
+    spec.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(spec));
+  };
+  add(Command::cmdFind, {}, {}, nullptr, [this] { ShowForMonitor(); });
+  add(Command::menufind, "&Find...", "Ctrl+F", &m_main.menufind, [this] { ShowForMonitor(); });
+  add(Command::menuFindNext, "Find &Next", "F3", &m_main.menuFindNext,
+      [this] { menuFindNext_Click(); });
+  add(Command::menufindcount, "C&ount found words...", {}, &m_main.menufindcount,
+      [this] { menufindcount_Click(); });
 }
 
 }  // namespace tesk

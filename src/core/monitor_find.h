@@ -6,10 +6,11 @@
 
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
 #include "platform/rich_text.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
 
 namespace tesk {
 
@@ -45,6 +46,7 @@ struct FindWindow {
 class MonitorFind {
  public:
   static constexpr const char* kWindowName = "frmFind";
+  static constexpr WindowKind kWindowKind = WindowKind::Find;
   static constexpr const char* kCountTitle = "Count found words";
   static constexpr const char* kCountPrompt =
       "Type the text you want to count how many times it's found in the Monitor:";
@@ -53,6 +55,9 @@ class MonitorFind {
   ~MonitorFind();
   MonitorFind(const MonitorFind&) = delete;
   MonitorFind& operator=(const MonitorFind&) = delete;
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // Opens the window on a text: mode 0 the Monitor, with menuFindNext; mode 1 the terminal's
   // text, with the terminal's own Find Next entry.

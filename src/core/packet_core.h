@@ -9,10 +9,10 @@
 #include <string>
 
 #include "core/frame_split.h"
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

@@ -29,7 +29,6 @@ constexpr const char* kSampleSecond = "G4XYZ,F5ABC";
 HeardReports::HeardReports(Platform& platform, StationConfig& config, RunState& run,
                            MainWindow& main, Parts parts)
     : m_platform(platform), m_config(config), m_run(run), m_main(main), m_parts(parts) {
-  m_main.heardReports = this;
   m_main.cmdTXMHeard.caption = "M&Heard";
   m_main.cmdTXMHeard.toolTip = "Send MHeard List (F8)";
   for (int i = 0; i < kTypes; ++i) {
@@ -38,10 +37,6 @@ HeardReports::HeardReports(Platform& platform, StationConfig& config, RunState& 
   }
   m_main.menumheardsend[kTypes].caption = "MHeard Setup...";
   m_main.menuheardsend[kTypes].caption = "MHeard Setup...";
-}
-
-HeardReports::~HeardReports() {
-  if (m_main.heardReports == this) m_main.heardReports = nullptr;
 }
 
 std::string HeardReports::TypeCaption(int type) {
@@ -165,7 +160,7 @@ void HeardReports::cmdTXMHeard_Click() {
 
 void HeardReports::cmdTXMHeard_RightPress() {
   m_main.menumheardsendPopup = true;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void HeardReports::CheckType(int type) {
@@ -186,7 +181,7 @@ void HeardReports::menumheardsend_Click(int index) {
   // The check follows the choice; [TXMHeardType] stays as the setup left it, as it always has.
   CheckType(index);
   SendMheardList(static_cast<int16_t>(index));
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void HeardReports::menuheardsend_Click(int index) {
@@ -219,6 +214,46 @@ void HeardReports::SetTXMHeardType(int16_t type) {
     text += sample(1) + kSampleFirst + CRLF + sample(2) + kSampleSecond + tag;
   }
   m_example = text;
+}
+
+void HeardReports::RegisterCommands(CommandTable& commands) {
+  CommandSpec send;
+  send.key = {Command::cmdTXMHeard};
+  send.shortcut = "F8";  // wherever the keyboard is in the window
+  send.enabled = WhileEnabled(m_main.cmdTXMHeard);
+  send.handler = [this](const std::string&) { cmdTXMHeard_Click(); };
+  commands.add(std::move(send));
+  CommandSpec right;
+  right.key = {Command::cmdTXMHeard_RightPress};
+  right.handler = [this](const std::string&) { cmdTXMHeard_RightPress(); };
+  commands.add(std::move(right));
+  // The last entry opens the setup's MHeard page, so it works only once that page is there.
+  const auto setupThere = [this] { return static_cast<bool>(m_parts.heardList.openSetupMHeard); };
+  for (int i = 0; i <= kTypes; ++i) {
+    const auto also = i == kTypes ? std::function<bool()>(setupThere) : std::function<bool()>();
+    commands.addRow(
+        Command::menumheardsend, m_main.menumheardsend, i, {},
+        [this](int index) { menumheardsend_Click(index); }, also);
+    commands.addRow(
+        Command::menuheardsend, m_main.menuheardsend, i, {},
+        [this](int index) { menuheardsend_Click(index); }, also);
+  }
+  CommandSpec console;
+  console.key = {Command::ConsoleHeard};
+  console.console = "heard";
+  console.usage = ":heard [0-3]";
+  // The console's report is the button's, and its popup's when a type is given.
+  console.enabled = WhileEnabled(m_main.cmdTXMHeard);
+  console.handler = [this](const std::string& a) {
+    if (a.empty()) {
+      m_parts.panel.Press(SendButton::MHeard);
+    } else if (a.size() == 1 && a[0] >= '0' && a[0] <= '3') {
+      menumheardsend_Click(a[0] - '0');
+    } else {
+      m_platform.views().notice("The heard report type is 0 to 3, not: " + a);
+    }
+  };
+  commands.add(std::move(console));
 }
 
 }  // namespace tesk

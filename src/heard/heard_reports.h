@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -33,12 +34,14 @@ class HeardReports {
   };
   HeardReports(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
                Parts parts);
-  ~HeardReports();
   HeardReports(const HeardReports&) = delete;
   HeardReports& operator=(const HeardReports&) = delete;
 
   // Detects the operating system's version for the report texts.
   void DetectWindows() {}
+
+  // The report button (F8), its right press, both report menus and the console's line.
+  void RegisterCommands(CommandTable& commands);
 
   void SendMheardList(int16_t type);
   // "M&Heard" (F8): validates To and Via, then sends with [TXMHeardType].

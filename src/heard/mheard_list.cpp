@@ -27,7 +27,6 @@ void BubbleSortAscending(std::vector<std::string>& lines) {
 
 MHeardList::MHeardList(Platform& platform, StationConfig& config, RunState& run, MainWindow& main)
     : m_platform(platform), m_config(config), m_run(run), m_main(main) {
-  m_main.heardList = this;
   m_main.OptSort.caption = "Sort Mheard list automatically (A-Z)";
   m_main.OptUnsort.caption = "Sort in the order they are heard (time)";
   m_main.OptUnsort.value = true;
@@ -101,7 +100,7 @@ void MHeardList::AddToMheardList(const std::string& header) {
   SetTeller(Trim(Str(static_cast<long>(box.list.size()))));
   // The headless console has no list to look at: it gets a line per new station.
   m_platform.views().notice("MHeard " + m_main.StationTeller.caption + ": " + call);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::SetTeller(const std::string& caption) {
@@ -165,7 +164,7 @@ void MHeardList::OptSort_Click() {
   m_main.OptSort.value = true;
   m_main.OptUnsort.value = false;
   SortMHeard();
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::OptUnsort_Click() {
@@ -177,7 +176,7 @@ void MHeardList::OptUnsort_Click() {
   box.listIndex = -1;
   for (std::size_t i = 0; i < rows; ++i)
     if (!MHeardLines[i].empty()) box.list.push_back(MHeardLines[i]);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::EraseList() {
@@ -197,7 +196,31 @@ void MHeardList::AutoClearTick() {
   if (QuietSeconds != std::abs(static_cast<int>(setting))) return;
   QuietSeconds = 0;
   EraseList();
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
+}
+
+void MHeardList::RegisterCommands(CommandTable& commands) {
+  const auto add = [&commands](Command command, const Control& control, std::function<void()> run) {
+    CommandSpec spec;
+    spec.key = {command};
+    spec.enabled = WhileEnabled(control);
+    spec.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(spec));
+  };
+  add(Command::cmdMHeardClear, m_main.cmdMHeardClear, [this] { cmdMHeardClear_Click(); });
+  add(Command::cmdMheardSave, m_main.cmdMheardSave, [this] { cmdMheardSave_Click(); });
+  add(Command::cmdViewMHeardList, m_main.cmdViewMHeardList,
+      [this] { menumheardoptions_Click(70); });
+  add(Command::OptSort, m_main.OptSort, [this] { OptSort_Click(); });
+  add(Command::OptUnsort, m_main.OptUnsort, [this] { OptUnsort_Click(); });
+  for (int i : {10, 20, 30})
+    commands.addRow(Command::menumheardoptionspaste, m_main.menumheardoptionspaste, i,
+                    m_main.menumheardoptionspaste[i].caption,
+                    [this](int index) { menumheardoptionspaste_Click(index); });
+  for (int i : {20, 30, 40, 45, 60, 65, 70, 100})
+    commands.addRow(Command::menumheardoptions, m_main.menumheardoptions, i,
+                    m_main.menumheardoptions[i].caption,
+                    [this](int index) { menumheardoptions_Click(index); });
 }
 
 }  // namespace tesk

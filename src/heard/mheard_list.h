@@ -10,10 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -25,6 +26,9 @@ class MHeardList {
   static constexpr std::size_t kCallWidth = 21;
 
   MHeardList(Platform& platform, StationConfig& config, RunState& run, MainWindow& main);
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
 
   // Enters the sender of a shown frame's header.
   void AddToMheardList(const std::string& header);

@@ -24,7 +24,7 @@ void MHeardList::LstMHeardList_DblClick() {
   if (SelectedCall().empty()) return;
   m_main.cmbFor.text = SelectedCall();
   m_main.txFocus = "cmbAPRSMessage";
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::LstMHeardList_RightPress(long row) {
@@ -60,7 +60,7 @@ void MHeardList::Paste(ComboBox& field) {
     return;
   }
   field.text = call;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::menumheardoptionspaste_Click(int index) {
@@ -113,7 +113,7 @@ void MHeardList::cmdMHeardClear_Click() {
   // The last-heard list is emptied here and nowhere else.
   LastMHeard.fill(std::string());
   lastIndex = 0;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::RemoveSelectedCall() {
@@ -143,7 +143,7 @@ void MHeardList::RemoveSelectedCall() {
   for (std::size_t i = 0; i < box.list.size() && i < MHeardLines.size(); ++i)
     MHeardLines[i] = box.list[i];
   SetTeller(Trim(Str(static_cast<long>(box.list.size()))));
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void MHeardList::OpenMHeardLog() {

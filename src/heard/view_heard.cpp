@@ -24,7 +24,6 @@ ViewHeard::ViewHeard(Platform& platform, const StationConfig& config, MainWindow
   m_timer->setInterval(kRefreshMs);
   m_timer->setHandler([this] { Fill(); });
   m_list.openViewHeard = [this] { Show(); };
-  m_main.viewHeard = this;
 }
 
 void ViewHeard::Show() {
@@ -32,7 +31,7 @@ void ViewHeard::Show() {
   m_window.form.visible = true;
   Fill();
   m_timer->setEnabled(true);
-  m_platform.views().show(kWindowName);
+  m_platform.views().show(kWindowKind);
 }
 
 void ViewHeard::Fill() {
@@ -52,7 +51,7 @@ void ViewHeard::Fill() {
   sorted.list = heard.list;
   std::sort(sorted.list.begin(), sorted.list.end());
   m_window.LblTotalheard.caption = Trim(Str(static_cast<long>(heard.list.size())));
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 ListBox& ViewHeard::visibleBox() {
@@ -64,7 +63,7 @@ void ViewHeard::OptMHSort_Click(int index) {
   m_window.OptMHSort[1].value = index == 1;
   m_window.LstViewHeard[0].visible = index == 0;
   m_window.LstViewHeard[1].visible = index == 1;
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void ViewHeard::cmdcopy_Click() {
@@ -112,7 +111,7 @@ void ViewHeard::Command1_Click() {
   m_timer->setEnabled(false);
   m_window.form.visible = false;
   m_window.form.loaded = false;
-  m_platform.views().hide(kWindowName);
+  m_platform.views().hide(kWindowKind);
 }
 
 }  // namespace tesk

@@ -8,9 +8,9 @@
 #include <memory>
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
 
 namespace tesk {
 
@@ -60,6 +60,7 @@ struct ViewHeardWindow {
 class ViewHeard {
  public:
   static constexpr const char* kWindowName = "frmViewHeard";
+  static constexpr WindowKind kWindowKind = WindowKind::ViewHeard;
   static constexpr int kRefreshMs = 30000;
 
   ViewHeard(Platform& platform, const StationConfig& config, MainWindow& main, MHeardList& list);

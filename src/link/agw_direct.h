@@ -11,9 +11,9 @@
 
 #include "link/agw_client.h"
 #include "link/direct_queue.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "main/run_state.h"
 #include "settings/station_config.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

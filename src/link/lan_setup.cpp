@@ -73,7 +73,7 @@ LanSetup::~LanSetup() = default;
 void LanSetup::Show() {
   if (!m_window.form.loaded) Form_Load();
   m_window.form.visible = true;
-  m_platform.views().show(kWindowName);
+  m_platform.views().show(kWindowKind);
 }
 
 void LanSetup::Form_Load() {
@@ -175,7 +175,7 @@ void LanSetup::Command1_Click() {
   m_config.AGWPERXPort = static_cast<int16_t>(w.cmbRX.listIndex);
   m_config.AGWPERadioPort = static_cast<int32_t>(w.cmbTX.listIndex);
   m_run.CurrentPort = m_config.AGWPERadioPort;
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
   if (On(m_run.LanMode)) {
     // Checked only after the save, on purpose: an empty host is already in the file.
     if (Len(m_config.HostName_IP_Default) < 1 || Len(portText) < 1) {
@@ -212,11 +212,19 @@ void LanSetup::Unload() {
   m_timer1->setEnabled(false);
   m_window.form.loaded = false;
   m_window.form.visible = false;
-  m_platform.views().hide(kWindowName);
+  m_platform.views().hide(kWindowKind);
 }
 
 void LanSetup::refresh() {
-  if (m_window.form.loaded) m_platform.views().refresh(kWindowName);
+  if (m_window.form.loaded) m_platform.views().refresh(kWindowKind);
+}
+
+void LanSetup::RegisterCommands(CommandTable& commands) {
+  CommandSpec spec;
+  spec.key = {Command::mnuLanSetup};
+  spec.caption = "&LAN Settings...";
+  spec.handler = [this](const std::string&) { Show(); };
+  commands.add(std::move(spec));
 }
 
 }  // namespace tesk

@@ -6,10 +6,11 @@
 #include <memory>
 #include <string>
 
-#include "main/run_state.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -36,6 +37,7 @@ class LanSetup {
     ModemProgram& modem;
   };
   static constexpr const char* kWindowName = "LAN_Setup";
+  static constexpr WindowKind kWindowKind = WindowKind::LanSetup;
   static constexpr int kStatusInterval = 1000;  // ms between two refreshes of Label4
 
   LanSetup(Platform& platform, StationConfig& config, RunState& run, Parts parts);
@@ -43,6 +45,9 @@ class LanSetup {
 
   // Loads the window (unless it is open already) and shows it.
   void Show();
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
   void Form_Load();
   void ChkPassword_Click();
   void chkForceDisplayTXFrames_Click();

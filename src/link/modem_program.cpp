@@ -106,8 +106,8 @@ void ModemProgram::StartModemProgram() {
   m_addOns.RunBatchApplication("/RUN" + m_config.ModemProgramPath);
   m_run.ModemStartNote = m_platform.clock().localNow().secondsSinceMidnight();
   m_main.form.visible = true;
-  m_platform.views().show("main");
-  m_platform.views().refresh("main");
+  m_platform.views().show(WindowKind::Main);
+  m_platform.views().refresh(WindowKind::Main);
   m_platform.loop().waitUntil(2.0, {});
 }
 
@@ -145,7 +145,7 @@ void ModemProgram::CheckForTerminal() {
   const std::string ini = JoinPath(m_run.AppPath, "term.ini");
   if (FileExists(ini))
     RewriteTermIni(ini, m_config.YourCallSign, m_config.HostName_IP_Default, m_config.LanPort);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 }  // namespace tesk

@@ -8,10 +8,10 @@
 #include <cstdint>
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

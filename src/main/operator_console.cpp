@@ -5,14 +5,10 @@
 
 namespace tesk {
 
-void OperatorConsole::add(const std::string& name, const std::string& usage, Handler handler) {
-  m_commands[LCase(name)] = Command{usage, std::move(handler)};
-}
-
 void OperatorConsole::error(const std::string& text) {
   std::string known;
-  for (const auto& [name, command] : m_commands)
-    known += (known.empty() ? "" : ", ") + command.usage;
+  for (const std::string& usage : m_commands.consoleUsages())
+    known += (known.empty() ? "" : ", ") + usage;
   m_platform.views().notice(text + " (commands: " + known + ")");
 }
 
@@ -28,12 +24,14 @@ void OperatorConsole::line(const std::string& text) {
   const long blank = InStr(typed, " ");
   const std::string name = LCase(blank > 0 ? Mid(typed, 2, blank - 2) : Mid(typed, 2));
   const std::string argument = blank > 0 ? Trim(Mid(typed, blank + 1)) : std::string();
-  const auto it = m_commands.find(name);
-  if (it == m_commands.end()) {
+  const CommandSpec* command = m_commands.findConsole(name);
+  if (command == nullptr) {
     error("Unknown console command: " + typed);
     return;
   }
-  it->second.handler(argument);
+  // A command that may not run now does nothing, as its grey menu row would.
+  if (!m_commands.run(command->key, argument))
+    m_platform.views().notice("Not available now: " + typed);
 }
 
 }  // namespace tesk

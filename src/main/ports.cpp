@@ -16,7 +16,7 @@ void Ports::ToonAktievePoort() {
     m_main.FrameComm.caption = tx + " / RX-" + std::to_string(m_config.AGWPERXPort + 1);
   else
     m_main.FrameComm.caption = tx + " / RX All";
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void Ports::AGWPortRX(int index) {
@@ -50,14 +50,33 @@ void Ports::imgRXPortSelector_Click() {
   for (int i = 0; i < kRows; ++i)
     m_main.menuAgwportRX[i].checked = false;
   if (m_config.AGWPERXPort < 7) m_main.menuAgwportRX[m_config.AGWPERXPort].checked = true;
-  m_platform.views().show("menuAgwportRX");
+  m_platform.views().show(WindowKind::RxPortPopup);
 }
 
 void Ports::imgTXPortSelector_Click() {
   for (int i = 0; i < kRows; ++i)
     m_main.menuAgwport[i].checked = false;
   if (m_config.AGWPERadioPort < 6) m_main.menuAgwport[m_config.AGWPERadioPort].checked = true;
-  m_platform.views().show("menuAgwport");
+  m_platform.views().show(WindowKind::TxPortPopup);
+}
+
+void Ports::RegisterCommands(CommandTable& commands) {
+  CommandSpec tx;
+  tx.key = {Command::imgTXPortSelector};
+  tx.handler = [this](const std::string&) { imgTXPortSelector_Click(); };
+  commands.add(std::move(tx));
+  CommandSpec rx;
+  rx.key = {Command::imgRXPortSelector};
+  rx.handler = [this](const std::string&) { imgRXPortSelector_Click(); };
+  commands.add(std::move(rx));
+  for (int i = 0; i < kRows; ++i) {
+    const std::string port = "Port " + std::to_string(i + 1);
+    commands.addRow(Command::menuAgwport, m_main.menuAgwport, i, port,
+                    [this](int index) { AGWPorts(index); });
+    // The last receive row listens on every port.
+    commands.addRow(Command::menuAgwportRX, m_main.menuAgwportRX, i, i == 6 ? "All ports" : port,
+                    [this](int index) { AGWPortRX(index); });
+  }
 }
 
 }  // namespace tesk

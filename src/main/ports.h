@@ -3,10 +3,11 @@
 // applied in the core alone, by the port in each frame's text; nothing goes to the engine.
 #pragma once
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -18,6 +19,9 @@ class Ports {
 
   Ports(Platform& platform, StationConfig& config, RunState& run, MainWindow& main, Meld& meld)
       : m_platform(platform), m_config(config), m_run(run), m_main(main), m_meld(meld) {}
+
+  // Registers the commands of this part once the station is complete.
+  void RegisterCommands(CommandTable& commands);
   // Refreshes the caption of FrameComm (and CurrentPort).
   void ToonAktievePoort();
   // A receive row chosen (index 0 to 6).

@@ -48,8 +48,8 @@ void Startup::EntryRoutine() {
       ReadRegistryValue(platform.store(), Hive::CurrentUser, "Software\\TESK\\Set", "SplashScreen");
   const int16_t splashOff = CInt(Val(Trim(splash)));
   if (splashOff == 0) {
-    platform.views().show("frmSplash");
-    platform.views().refresh("frmSplash");
+    platform.views().show(WindowKind::Splash);
+    platform.views().refresh(WindowKind::Splash);
     platform.loop().waitUntil(splashTime, {});
     if (platform.loop().ended()) return;
   }
@@ -58,7 +58,7 @@ void Startup::EntryRoutine() {
     platform.loop().yield();
     return;
   }
-  platform.views().hide("frmSplash");
+  platform.views().hide(WindowKind::Splash);
   platform.loop().yield();
 }
 
@@ -171,7 +171,7 @@ void Startup::stepsProgramsAndWindow() {
   parts.heardReports.CheckType(config.TXMHeardType);
   parts.heardReports.DetectWindows();
   main.form.visible = true;
-  platform.views().show("main");
+  platform.views().show(WindowKind::Main);
   platform.loop().yield();
 }
 
@@ -187,7 +187,7 @@ bool Startup::FirstRunCallSign() {
   StationParts& parts = m_station.parts();
   m_step = 15;
   if (!config.YourCallSign.empty() && config.YourCallSign != "MYCALL") return true;
-  platform.views().show("main");
+  platform.views().show(WindowKind::Main);
   std::string answer = platform.dialogs().inputBox(
       std::string("Before you can use this program you") + CR + "need to enter your Call Sign:",
       "TESK Monitor: Your Call Sign please", "");
@@ -412,7 +412,7 @@ void Startup::stepsMailboxAndTray() {
   if (On(config.SystemTray)) {
     main.trayIconShown = true;
     main.trayToolTip = "TESK";
-    platform.views().show("tray");
+    platform.views().show(WindowKind::Tray);
   }
 }
 
@@ -452,7 +452,7 @@ void Startup::KlokkenTick() {
   main.UTC_Klok.caption = m_station.parts().monitor.BerekenUTC();
   if (On(m_station.run().LanMode)) m_station.parts().tcpLink.KlokkenTick();
   m_station.parts().heardList.AutoClearTick();
-  platform.views().refresh("main");
+  platform.views().refresh(WindowKind::Main);
 }
 
 // ---- shut-down ---------------------------------------------------------------------------

@@ -1,7 +1,6 @@
 // The station: builds every subsystem with the references it needs and wires the ticks.
 #include "main/station.h"
 
-#include "base/text.h"
 #include "main/station_parts.h"
 
 namespace tesk {
@@ -20,7 +19,7 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
 }  // namespace
 
 StationParts::StationParts(Station& s)
-    : monitor(s.platform(), s.config(), s.mainWindow(), s.run()),
+    : monitor(s.platform(), s.config(), s.mainWindow(), s.run(), &txPanel),
       meld(s.platform(), s.mainWindow()),
       sounds(s.platform(), s.config(), s.run()),
       transmit(s.platform(), s.config(), s.run(), s.mainWindow(),
@@ -35,9 +34,10 @@ StationParts::StationParts(Station& s)
       ports(s.platform(), s.config(), s.run(), s.mainWindow(), meld),
       packetLog(s.platform(), s.config(), s.run(), s.mainWindow(),
                 [this] { settings.SaveSettings(); }),
-      txPanel(s.platform(), s.config(), s.run(), s.mainWindow(), ports, meld,
+      txPanel(s.platform(), s.config(), s.run(), s.mainWindow(), ports, meld, s.commands(),
               [this] { beacon.BeaconSeconds = 0; }),
-      uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList),
+      uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList,
+                   s.commands()),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
@@ -57,7 +57,7 @@ StationParts::StationParts(Station& s)
            [this](std::string& call, std::string& text, int32_t& kind, int32_t& length,
                   int32_t& port) { return direct.AGWGetData(call, text, kind, length, port); }),
       startup(s),
-      console(s.platform()),
+      console(s.platform(), s.commands()),
       tmrMainPacketCore(s.platform().loop().createTimer()),
       tmrKlokken(s.platform().loop().createTimer()),
       TmrStatus(s.platform().loop().createTimer()) {
@@ -65,8 +65,6 @@ StationParts::StationParts(Station& s)
   tmrKlokken->setHandler([this] { startup.KlokkenTick(); });
   tmrKlokken->setInterval(1000);
   TmrStatus->setInterval(2000);
-  txPanel.senders.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
-  txPanel.senders.cmdTXMHeard_Click = [this] { heardReports.cmdTXMHeard_Click(); };
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
@@ -80,7 +78,7 @@ Station::Station(Platform& platform, StationOptions options)
   m_main.form.caption = m_options.demo ? "TESK - simulated satellite pass" : "TESK";
   m_main.frmLogoTitle.caption = "";
   m_parts = std::make_unique<StationParts>(*this);
-  AddConsoleCommands();
+  RegisterCommands();
 }
 
 Station::~Station() = default;
@@ -103,39 +101,47 @@ void Station::consoleLine(const std::string& line) {
   m_parts->console.line(line);
 }
 
-void Station::AddConsoleCommands() {
+void Station::RegisterCommands() {
   StationParts& p = *m_parts;
+  CommandTable& c = m_commands;
+  p.monitor.RegisterCommands(c);
+  p.find.RegisterCommands(c);
+  p.filters.RegisterCommands(c);
+  p.packetLog.RegisterCommands(c);
+  p.heardList.RegisterCommands(c);
+  p.digipeat.RegisterCommands(c);
+  p.ports.RegisterCommands(c);
+  p.lanSetup.RegisterCommands(c);
+  p.txPanel.RegisterCommands(c);
+  p.uiTextSender.RegisterCommands(c);
+  p.heardReports.RegisterCommands(c);
+  // The windows and senders still to be built: their rows and buttons show grey until then.
+  MainWindow& m = m_main;
+  c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);
+  c.addUnbuilt({Command::menufiles, 40}, "Save As &Report...", &m.menufiles[40]);
+  c.addUnbuilt({Command::menufiles, 50}, "&Mail Report...", &m.menufiles[50]);
+  c.addUnbuilt({Command::mnuBeacon}, "&Beacon setup...");
+  c.addUnbuilt({Command::menuextras}, "(no add-ons)");
+  c.addUnbuilt({Command::mnuRuns}, "(no programs)");
+  c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");
+  c.addUnbuilt({Command::mnuHelp, 1}, "&About TESK...");
+  for (Command sender :
+       {Command::cmdTXAPRS, Command::cmdTXAPRSMessage, Command::CmdTXMultiLineDirect,
+        Command::cmdTXConnect, Command::Connecting, Command::DisConnecting})
+    c.addUnbuilt({sender});
+  CommandSpec quit;
+  quit.key = {Command::ConsoleQuit};
+  quit.console = "quit";
+  quit.usage = ":quit";
+  quit.handler = [this](const std::string&) { Einde(); };
+  c.add(std::move(quit));
+  // A plain line is what typing into Text/data and Enter do.
   TxPanel& panel = p.txPanel;
-  // Each line does what typing into the field and Enter do in the window, so both stay one.
-  const auto typeAndEnter = [&panel](TxField field, const std::string& text) {
-    panel.box(field).text = text;
-    panel.Change(field);
-    panel.KeyDown(field, kKeyReturn);
-  };
-  const auto enterPath = [this, typeAndEnter](TxField field, const std::string& text) {
-    typeAndEnter(field, text);
-    m_platform.views().notice(
-        "Path: To " + m_main.cmbToCall.text +
-        (Trim(m_main.cmbViaCall.text).empty() ? std::string() : " Via " + m_main.cmbViaCall.text));
-  };
-  p.console.setPlainLine(
-      [typeAndEnter](const std::string& text) { typeAndEnter(TxField::DataText, text); });
-  p.console.add("to", ":to CALL",
-                [enterPath](const std::string& a) { enterPath(TxField::ToCall, a); });
-  p.console.add("via", ":via PATH",
-                [enterPath](const std::string& a) { enterPath(TxField::ViaCall, a); });
-  p.console.add("header", ":header",
-                [&p](const std::string&) { p.uiTextSender.menusends_Click(0); });
-  p.console.add("heard", ":heard [0-3]", [this, &p](const std::string& a) {
-    if (a.empty()) {
-      p.txPanel.Press(SendButton::MHeard);
-    } else if (a.size() == 1 && a[0] >= '0' && a[0] <= '3') {
-      p.heardReports.menumheardsend_Click(a[0] - '0');
-    } else {
-      m_platform.views().notice("The heard report type is 0 to 3, not: " + a);
-    }
+  p.console.setPlainLine([&panel](const std::string& text) {
+    panel.box(TxField::DataText).text = text;
+    panel.Change(TxField::DataText);
+    panel.KeyDown(TxField::DataText, kKeyReturn);
   });
-  p.console.add("quit", ":quit", [this](const std::string&) { Einde(); });
 }
 
 }  // namespace tesk

@@ -7,10 +7,11 @@
 #include <memory>
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -45,18 +46,21 @@ class Station {
   StationConfig& config() { return m_config; }
   RunState& run() { return m_run; }
   MainWindow& mainWindow() { return m_main; }
+  // The operator's commands, registered once every subsystem is built.
+  CommandTable& commands() { return m_commands; }
   const StationOptions& options() const { return m_options; }
   // Every subsystem, for the routines that reach across them and for tests.
   StationParts& parts() { return *m_parts; }
 
  private:
-  void AddConsoleCommands();
+  void RegisterCommands();
 
   Platform& m_platform;
   StationOptions m_options;
   StationConfig m_config;
   RunState m_run;
   MainWindow m_main;
+  CommandTable m_commands;
   std::unique_ptr<StationParts> m_parts;
 };
 

@@ -18,7 +18,7 @@ void AddOns::RunBatchApplication(const std::string& text) {
     }
   }
   m_platform.loop().yield();
-  if (m_main.form.visible) m_platform.views().show("main");
+  if (m_main.form.visible) m_platform.views().show(WindowKind::Main);
 }
 
 void AddOns::runProgram(const std::string& program) {

@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 

@@ -13,6 +13,7 @@
 #include "base/color.h"
 #include "platform/event_loop.h"
 #include "platform/rich_text.h"
+#include "platform/window_kind.h"
 
 namespace tesk {
 
@@ -147,10 +148,12 @@ class Clipboard {
 class Views {
  public:
   virtual ~Views() = default;
-  virtual void show(const std::string& window) = 0;
-  virtual void hide(const std::string& window) = 0;
-  // The data of `window` (or of every window, when empty) changed: repaint it.
-  virtual void refresh(const std::string& window) = 0;
+  virtual void show(WindowKind window) = 0;
+  virtual void hide(WindowKind window) = 0;
+  // The data of `window` changed: repaint it.
+  virtual void refresh(WindowKind window) = 0;
+  // The data of any window may have changed: repaint every one that is up.
+  virtual void refreshAll() = 0;
   // A line for the operator in headless mode (a note, a status); the GUI ignores it.
   virtual void notice(const std::string& text) = 0;
 };

@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-#include "main/main_window.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
 
 namespace tesk {
 

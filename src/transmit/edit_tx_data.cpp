@@ -50,7 +50,7 @@ void EditTXData::Open(int selector) {
     addRow(entries[i]);
   m_window.form.loaded = true;
   m_window.form.visible = true;
-  m_platform.views().show(kWindowName);
+  m_platform.views().show(kWindowKind);
 }
 
 void EditTXData::addRow(const std::string& text) {
@@ -75,7 +75,7 @@ void EditTXData::cmdAdd_Click() {
           : std::string();
   if (text.empty() || text == selected) return;
   addRow(text);
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::cmdEdit_Click() {
@@ -94,7 +94,7 @@ void EditTXData::cmdEdit_Click() {
   if (InStr(caption, "APRS M") > 0) text = Left(text, 69);
   list.list[row] = text;
   m_window.lstLength.list[row] = std::to_string(Len(text));
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::cmdRemove_Click() {
@@ -104,7 +104,7 @@ void EditTXData::cmdRemove_Click() {
   m_window.lstLength.list.erase(m_window.lstLength.list.begin() + list.listIndex);
   list.listIndex = -1;
   m_window.lstLength.listIndex = -1;
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::cmdRemoveAll_Click() {
@@ -113,7 +113,7 @@ void EditTXData::cmdRemoveAll_Click() {
   m_window.lstTXData.listIndex = -1;
   m_window.lstLength.listIndex = -1;
   m_window.topIndex = 0;
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::cmdOK_Click() {
@@ -126,7 +126,7 @@ void EditTXData::cmdOK_Click() {
   box.listIndex = -1;
   box.text = text;
   close();
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void EditTXData::cmdCancel_Click() {
@@ -136,18 +136,18 @@ void EditTXData::cmdCancel_Click() {
 void EditTXData::List_Click(long index) {
   m_window.lstTXData.listIndex = index;
   m_window.lstLength.listIndex = index;
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::List_Scroll(long topIndex) {
   m_window.topIndex = topIndex < 0 ? 0 : topIndex;
-  m_platform.views().refresh(kWindowName);
+  m_platform.views().refresh(kWindowKind);
 }
 
 void EditTXData::close() {
   m_window.form.visible = false;
   m_window.form.loaded = false;
-  m_platform.views().hide(kWindowName);
+  m_platform.views().hide(kWindowKind);
 }
 
 }  // namespace tesk

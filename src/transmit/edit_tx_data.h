@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "main/main_window.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "state/main_window.h"
 
 namespace tesk {
 
@@ -22,6 +22,7 @@ struct EditTXDataWindow {
 class EditTXData {
  public:
   static constexpr const char* kWindowName = "frmEditTXData";
+  static constexpr WindowKind kWindowKind = WindowKind::EditTXData;
 
   EditTXData(Platform& platform, MainWindow& main);
 

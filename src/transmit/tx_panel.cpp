@@ -54,21 +54,17 @@ bool IsLetterKey(int keyCode) {
 }  // namespace
 
 TxPanel::TxPanel(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
-                 Ports& ports, Meld& meld, std::function<void()> restartBeaconCount)
+                 Ports& ports, Meld& meld, CommandTable& commands,
+                 std::function<void()> restartBeaconCount)
     : m_platform(platform),
       m_config(config),
       m_run(run),
       m_main(main),
       m_ports(ports),
       m_meld(meld),
+      m_commands(commands),
       m_restartBeaconCount(std::move(restartBeaconCount)),
-      m_editor(platform, main) {
-  m_main.txPanel = this;
-}
-
-TxPanel::~TxPanel() {
-  if (m_main.txPanel == this) m_main.txPanel = nullptr;
-}
+      m_editor(platform, main) {}
 
 ComboBox& TxPanel::box(TxField field) {
   switch (field) {
@@ -105,7 +101,7 @@ Button& TxPanel::button(SendButton which) {
 }
 
 void TxPanel::refresh() {
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 // ---- the length rule and the checks -------------------------------------------------------
@@ -239,27 +235,36 @@ void TxPanel::AddMessage() {
 
 // ---- the send buttons ---------------------------------------------------------------------
 
+namespace {
+
+// The one map between the send buttons and their commands.
+constexpr std::pair<SendButton, Command> kSendCommands[] = {
+    {SendButton::DataText, Command::cmdTXDataText},
+    {SendButton::APRS, Command::cmdTXAPRS},
+    {SendButton::APRSMessage, Command::cmdTXAPRSMessage},
+    {SendButton::MHeard, Command::cmdTXMHeard},
+    {SendButton::MultiLine, Command::CmdTXMultiLineDirect},
+};
+
+}  // namespace
+
+Command TxPanel::SendCommand(SendButton which) {
+  for (const auto& [button, command] : kSendCommands) {
+    if (button == which) return command;
+  }
+  return Command::cmdTXDataText;
+}
+
+std::optional<SendButton> TxPanel::SendButtonOf(Command command) {
+  for (const auto& [button, c] : kSendCommands) {
+    if (c == command) return button;
+  }
+  return std::nullopt;
+}
+
 void TxPanel::Press(SendButton which) {
   if (!button(which).guard.empty()) return;
-  const std::function<void()>* sender = nullptr;
-  switch (which) {
-    case SendButton::DataText:
-      sender = &senders.cmdTXDataText_Click;
-      break;
-    case SendButton::APRS:
-      sender = &senders.cmdTXAPRS_Click;
-      break;
-    case SendButton::APRSMessage:
-      sender = &senders.cmdTXAPRSMessage_Click;
-      break;
-    case SendButton::MHeard:
-      sender = &senders.cmdTXMHeard_Click;
-      break;
-    case SendButton::MultiLine:
-      sender = &senders.CmdTXMultiLineDirect_Click;
-      break;
-  }
-  if (sender != nullptr && *sender) (*sender)();
+  m_commands.run({SendCommand(which)});
 }
 
 void TxPanel::SendButton_MouseUp(SendButton which) {
@@ -463,6 +468,40 @@ void TxPanel::viaToolTip() {
 
 void TxPanel::cmdEditTXData_Click(int selector) {
   m_editor.Open(selector);
+}
+
+// ---- the commands ----------------------------------------------------------------------------
+
+void TxPanel::RegisterCommands(CommandTable& commands) {
+  for (int i = 0; i < 3; ++i) {
+    CommandSpec edit;
+    edit.key = {Command::cmdEditTXData, i};
+    edit.enabled = WhileEnabled(m_main.cmdEditTXData[i]);
+    edit.handler = [this, i](const std::string&) { cmdEditTXData_Click(i); };
+    commands.add(std::move(edit));
+  }
+  // The console's path lines do what typing into the field and Enter do in the window, and
+  // then say the path that is in force.
+  const auto enterPath = [this](TxField field, const std::string& text) {
+    box(field).text = text;
+    Change(field);
+    KeyDown(field, kKeyReturn);
+    m_platform.views().notice(
+        "Path: To " + m_main.cmbToCall.text +
+        (Trim(m_main.cmbViaCall.text).empty() ? std::string() : " Via " + m_main.cmbViaCall.text));
+  };
+  CommandSpec to;
+  to.key = {Command::ConsoleTo};
+  to.console = "to";
+  to.usage = ":to CALL";
+  to.handler = [enterPath](const std::string& a) { enterPath(TxField::ToCall, a); };
+  commands.add(std::move(to));
+  CommandSpec via;
+  via.key = {Command::ConsoleVia};
+  via.console = "via";
+  via.usage = ":via PATH";
+  via.handler = [enterPath](const std::string& a) { enterPath(TxField::ViaCall, a); };
+  commands.add(std::move(via));
 }
 
 }  // namespace tesk

@@ -6,12 +6,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 #include "transmit/edit_tx_data.h"
 
 namespace tesk {
@@ -32,24 +34,19 @@ constexpr int kKeyZ = 90;
 
 class TxPanel {
  public:
-  // What a press of a send button runs, supplied by the senders of text, positions, messages
-  // and heard reports. A missing sender makes the press do nothing.
-  struct Senders {
-    std::function<void()> cmdTXDataText_Click;
-    std::function<void()> cmdTXAPRS_Click;
-    std::function<void()> cmdTXAPRSMessage_Click;
-    std::function<void()> cmdTXMHeard_Click;
-    std::function<void()> CmdTXMultiLineDirect_Click;
-  };
-
-  // `restartBeaconCount` sets the one-second tick's beacon counter back to 0.
+  // `restartBeaconCount` sets the one-second tick's beacon counter back to 0. A press of a send
+  // button runs the button's command in `commands`, which the senders register.
   TxPanel(Platform& platform, StationConfig& config, RunState& run, MainWindow& main, Ports& ports,
-          Meld& meld, std::function<void()> restartBeaconCount);
-  ~TxPanel();
+          Meld& meld, CommandTable& commands, std::function<void()> restartBeaconCount);
   TxPanel(const TxPanel&) = delete;
   TxPanel& operator=(const TxPanel&) = delete;
 
-  Senders senders;
+  // Registers the list editor's buttons and the console's path lines.
+  void RegisterCommands(CommandTable& commands);
+  // The command a send button runs, and the send button of a command, if it is one.
+  static Command SendCommand(SendButton which);
+  static std::optional<SendButton> SendButtonOf(Command command);
+
   EditTXData& editor() { return m_editor; }
 
   // ---- the length rule and the checks of every transmission ----
@@ -115,6 +112,7 @@ class TxPanel {
   MainWindow& m_main;
   Ports& m_ports;
   Meld& m_meld;
+  CommandTable& m_commands;
   std::function<void()> m_restartBeaconCount;
   EditTXData m_editor;
 };

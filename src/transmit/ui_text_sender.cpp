@@ -2,6 +2,8 @@
 // an engine that is not connected is the primitives' matter, so the histories still grow.
 #include "transmit/ui_text_sender.h"
 
+#include <tuple>
+
 #include "base/text.h"
 #include "heard/mheard_list.h"
 #include "link/transmit_primitives.h"
@@ -18,20 +20,15 @@ constexpr int kTwiceGapMs = 200;
 
 UiTextSender::UiTextSender(Platform& platform, StationConfig& config, RunState& run,
                            MainWindow& main, TxPanel& panel, TransmitPrimitives& transmit,
-                           const MHeardList& heardList)
+                           const MHeardList& heardList, CommandTable& commands)
     : m_platform(platform),
       m_config(config),
       m_run(run),
       m_main(main),
       m_panel(panel),
       m_transmit(transmit),
-      m_heardList(heardList) {
-  m_main.uiTextSender = this;
-}
-
-UiTextSender::~UiTextSender() {
-  if (m_main.uiTextSender == this) m_main.uiTextSender = nullptr;
-}
+      m_heardList(heardList),
+      m_commands(commands) {}
 
 void UiTextSender::cmdTXDataText_Click() {
   if (!m_main.cmdTXDataText.guard.empty()) return;
@@ -50,7 +47,7 @@ void UiTextSender::cmdTXDataText_Click() {
   m_panel.ADDTXData();
   m_panel.ADDToData();
   m_panel.ADDViaData();
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void UiTextSender::SendHeaderOnly() {
@@ -60,13 +57,11 @@ void UiTextSender::SendHeaderOnly() {
   m_transmit.AGWPE_UI_Send(empty, TxHeaderOnly);
   m_panel.ADDToData();
   m_panel.ADDViaData();
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
 }
 
 void UiTextSender::menusends_Click(int row) {
-  const auto run = [](const std::function<void()>& hook) {
-    if (hook) hook();
-  };
+  const auto run = [this](Command command) { m_commands.run({command}); };
   switch (row) {
     case 0:
       SendHeaderOnly();
@@ -75,23 +70,23 @@ void UiTextSender::menusends_Click(int row) {
       cmdTXDataText_Click();
       break;
     case 2:
-      run(hooks.cmdTXAPRS_Click);
+      run(Command::cmdTXAPRS);
       break;
     case 3:
-      run(hooks.cmdTXAPRSMessage_Click);
+      run(Command::cmdTXAPRSMessage);
       break;
     case 9:
-      run(hooks.Connecting);
+      run(Command::Connecting);
       break;
     case 10:
-      run(hooks.DisConnecting);
+      run(Command::DisConnecting);
       break;
     case 11:
       // Some engines miss the first disconnect of a link that is still busy.
-      run(hooks.DisConnecting);
+      run(Command::DisConnecting);
       m_platform.loop().sleepMs(kTwiceGapMs);
       m_platform.loop().yield();
-      run(hooks.DisConnecting);
+      run(Command::DisConnecting);
       break;
     default:
       break;
@@ -120,7 +115,7 @@ int UiTextSender::Drop(const std::string& data, bool isText) {
   // A dropped text goes out as it is: no length rule, no history.
   std::string text = data;
   m_transmit.AGWPE_UI_Send(text, TxDataText);
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
   return 1;
 }
 
@@ -141,7 +136,44 @@ void UiTextSender::StuurMonitorTekst() {
     std::string text = whole;
     m_transmit.AGWPE_UI_Send(text, TxMonitorText);
   }
-  m_platform.views().refresh("main");
+  m_platform.views().refresh(WindowKind::Main);
+}
+
+void UiTextSender::RegisterCommands(CommandTable& commands) {
+  CommandSpec send;
+  send.key = {Command::cmdTXDataText};
+  send.enabled = WhileEnabled(m_main.cmdTXDataText);
+  send.handler = [this](const std::string&) { cmdTXDataText_Click(); };
+  commands.add(std::move(send));
+  const auto rows = [this](int row) { menusends_Click(row); };
+  commands.addRow(Command::menusends, m_main.menusends, 0, "&Header only", rows);
+  commands.addRow(Command::menusends, m_main.menusends, 1, "&Text/data", rows);
+  // The rows of other senders show grey until their commands are there.
+  const std::tuple<int, const char*, Command> others[] = {
+      {2, "&APRS position", Command::cmdTXAPRS},
+      {3, "APRS &message", Command::cmdTXAPRSMessage},
+      {9, "&Connect", Command::Connecting},
+      {10, "&Disconnect", Command::DisConnecting},
+      {11, "Disconnect t&wice", Command::DisConnecting}};
+  for (const auto& [row, caption, command] : others)
+    commands.addRow(Command::menusends, m_main.menusends, row, caption, rows,
+                    [this, command = command] { return m_commands.enabled({command}); });
+  CommandSpec opening;
+  opening.key = {Command::menusend};
+  opening.handler = [this](const std::string&) { menusend_Click(); };
+  commands.add(std::move(opening));
+  CommandSpec stop;
+  stop.key = {Command::mnuStopPending};
+  stop.caption = "Stop &Pending";
+  stop.item = &m_main.mnuStopPending;
+  stop.built = false;  // the message retry tick stops here once message sending is built
+  commands.add(std::move(stop));
+  CommandSpec header;
+  header.key = {Command::ConsoleHeader};
+  header.console = "header";
+  header.usage = ":header";
+  header.handler = [this](const std::string&) { menusends_Click(0); };
+  commands.add(std::move(header));
 }
 
 }  // namespace tesk

@@ -6,10 +6,11 @@
 #include <functional>
 #include <string>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
+#include "state/command_table.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk {
 
@@ -19,18 +20,19 @@ class TxPanel;
 
 class UiTextSender {
  public:
-  // The rows of the send menu that other subsystems own; an empty hook does nothing.
+  // What the send menu asks of the message sending: is its retry tick running (mnuStopPending).
   struct MenuHooks {
-    std::function<void()> cmdTXAPRS_Click;         // row 2
-    std::function<void()> cmdTXAPRSMessage_Click;  // row 3
-    std::function<void()> Connecting;              // row 9
-    std::function<void()> DisConnecting;           // rows 10 and 11
-    std::function<bool()> retryTickRunning;        // the message retry tick, for mnuStopPending
+    std::function<bool()> retryTickRunning;
   };
 
+  // Rows 2, 3 and 9 to 11 of the send menu run the position, message and connection commands
+  // of `commands`, which their subsystems register.
   UiTextSender(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
-               TxPanel& panel, TransmitPrimitives& transmit, const MHeardList& heardList);
-  ~UiTextSender();
+               TxPanel& panel, TransmitPrimitives& transmit, const MHeardList& heardList,
+               CommandTable& commands);
+
+  // The Text/data send, the send menu and the console's header line.
+  void RegisterCommands(CommandTable& commands);
   UiTextSender(const UiTextSender&) = delete;
   UiTextSender& operator=(const UiTextSender&) = delete;
 
@@ -58,6 +60,7 @@ class UiTextSender {
   TxPanel& m_panel;
   TransmitPrimitives& m_transmit;
   const MHeardList& m_heardList;
+  CommandTable& m_commands;
 };
 
 }  // namespace tesk

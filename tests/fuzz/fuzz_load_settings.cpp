@@ -8,11 +8,11 @@
 
 #include <unistd.h>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/sim/sim_platform.h"
 #include "settings/settings_file.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace {
 

@@ -138,7 +138,10 @@ TEST_F(LanSetupViewTest, EditsAndClicksReachTheHandlers) {
 }
 
 TEST_F(LanSetupViewTest, TheOptionsMenuEntryRunsItsCommand) {
-  MainWindowView main(station->mainWindow());
+  // The entry as the station registers it before the LAN window is there.
+  CommandTable commands;
+  commands.addUnbuilt({Command::mnuLanSetup}, "&LAN Settings...");
+  MainWindowView main(station->mainWindow(), &commands);
   QAction* entry = nullptr;
   for (QAction* menu : main.menuBar()->actions()) {
     if (menu->text() != "&Options") continue;
@@ -148,7 +151,7 @@ TEST_F(LanSetupViewTest, TheOptionsMenuEntryRunsItsCommand) {
   }
   ASSERT_NE(entry, nullptr);
   EXPECT_FALSE(entry->isEnabled());  // nothing wired yet
-  main.setCommand("mnuLanSetup", [this] { lan().Show(); });
+  main.setCommand({Command::mnuLanSetup}, [this] { lan().Show(); });
   EXPECT_TRUE(entry->isEnabled());
   entry->trigger();
   EXPECT_TRUE(lan().window().form.visible);

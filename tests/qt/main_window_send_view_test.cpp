@@ -45,7 +45,8 @@ class MainWindowSendTest : public ::testing::Test {
     station->run().AppPath = options.appPath;
     station->config().ShowPortInHeader = 0;
     main().cmbToCall.text = "CQ";
-    view = std::make_unique<MainWindowView>(main());
+    view = std::make_unique<MainWindowView>(main(), &station->commands(),
+                                            testing::HandlersOf(*station));
   }
   void TearDown() override { view.reset(); }
 

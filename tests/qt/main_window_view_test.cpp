@@ -119,7 +119,7 @@ TEST_F(MainWindowViewTest, TransmitFieldsRenderTheStructAndWriteEditsBack) {
   ASSERT_NE(send, nullptr);
   EXPECT_FALSE(send->isEnabled());
   int presses = 0;
-  view.setCommand("cmdTXDataText", [&] { ++presses; });
+  view.setCommand({Command::cmdTXDataText}, [&] { ++presses; });
   EXPECT_TRUE(send->isEnabled());
   send->click();
   EXPECT_EQ(presses, 1);

@@ -29,9 +29,9 @@ class MeldViewTest : public ::testing::Test {
 TEST_F(MeldViewTest, ShowsTheNoteModelessAndClosesThroughItsRoutine) {
   Meld meld(sim, data);
   QtViews views;
-  views.attachMainWindow(data, {}, {});
+  views.attachMeld(meld);
   meld.ShowMeld(std::string("TESK Alarm is ON\rText >RS0ISS*< found in header!"), 0);
-  views.show("Meld");
+  views.show(WindowKind::Meld);
   MeldView* view = views.meldView();
   ASSERT_NE(view, nullptr);
   EXPECT_TRUE(view->isVisible());
@@ -44,18 +44,18 @@ TEST_F(MeldViewTest, ShowsTheNoteModelessAndClosesThroughItsRoutine) {
   const int shortHeight = view->height();
   // A replacement without OK and with a long text: the window grows.
   meld.ShowMeld(std::string(300, 'x'), 1);
-  views.refresh("Meld");
+  views.refresh(WindowKind::Meld);
   EXPECT_FALSE(view->okButton()->isVisibleTo(view));
   EXPECT_GT(view->height(), shortHeight);
   // OK, and the window's own close box, both go through the note's routine.
   meld.ShowMeld("again", 0);
-  views.refresh("Meld");
+  views.refresh(WindowKind::Meld);
   QTest::mouseClick(view->okButton(), Qt::LeftButton);
   EXPECT_FALSE(meld.window().form.visible);
-  views.hide("Meld");
+  views.hide(WindowKind::Meld);
   EXPECT_FALSE(view->isVisible());
   meld.ShowMeld("and again", 0);
-  views.show("Meld");
+  views.show(WindowKind::Meld);
   view->close();
   EXPECT_FALSE(meld.window().form.visible);
 }
@@ -80,7 +80,9 @@ TEST_F(MeldViewTest, TheLogLabelAndMenusReachTheirHandlers) {
   int saves = 0;
   PacketLog log(sim, config, run, data, [&saves] { ++saves; });
   config.AutomaticLogging = 0;
-  MainWindowView view(data);
+  CommandTable commands;
+  log.RegisterCommands(commands);
+  MainWindowView view(data, &commands);
   auto* label = view.findChild<QLabel*>(QStringLiteral("AutoLogLabel"));
   ASSERT_NE(label, nullptr);
   EXPECT_EQ(label->text(), "Log OFF");

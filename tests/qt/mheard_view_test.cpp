@@ -29,12 +29,16 @@ class MHeardViewTest : public ::testing::Test {
   StationConfig config;
   RunState run;
   MainWindow data;
+  CommandTable commands;
   MHeardList heard{platform, config, run, data};
   ViewHeard details{platform, config, data, heard};
 };
 
 TEST_F(MHeardViewTest, ListCounterLampsAndFlashFollowTheStruct) {
-  MainWindowView view(data);
+  heard.RegisterCommands(commands);
+  MainWindowHandlers handlers;
+  handlers.heardList = &heard;
+  MainWindowView view(data, &commands, handlers);
   for (const char* call : {"PA3ABC", "DL1XYZ-7", "RS0ISS"})
     heard.AddToMheardList(std::string("Fm ") + call + " To CQ <UI >");
   data.imgTXRXlight[0].visible = true;

@@ -37,7 +37,8 @@ class MonitorMenusTest : public ::testing::Test {
     options.appPath = home.path().toStdString();
     station = std::make_unique<Station>(platform, options);
     station->run().AppPath = options.appPath;
-    view = std::make_unique<MainWindowView>(station->mainWindow());
+    view = std::make_unique<MainWindowView>(station->mainWindow(), &station->commands(),
+                                            testing::HandlersOf(*station));
   }
   // The entry `text` (accelerators left out) of the menu `title` of the menu bar.
   QAction* entry(const QString& title, const QString& text) {

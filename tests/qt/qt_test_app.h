@@ -5,6 +5,10 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
+#include "main/station.h"
+#include "main/station_parts.h"
+#include "platform/qt/views/view_kit.h"
+
 namespace tesk::testing {
 
 inline QApplication& QtApp() {
@@ -15,6 +19,12 @@ inline QApplication& QtApp() {
   // Never destroyed: Qt's own statics go first at exit, and a late QApplication warns.
   static QApplication* app = new QApplication(argc, argv);
   return *app;
+}
+
+// The handlers a station hands the main window's view, as the program wires them.
+inline MainWindowHandlers HandlersOf(Station& station) {
+  StationParts& p = station.parts();
+  return MainWindowHandlers{&p.txPanel, &p.monitor, &p.heardList, &p.uiTextSender};
 }
 
 }  // namespace tesk::testing

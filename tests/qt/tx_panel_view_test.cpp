@@ -30,7 +30,8 @@ class TxPanelViewTest : public ::testing::Test {
  protected:
   void SetUp() override {
     testing::QtApp();
-    view = std::make_unique<MainWindowView>(main);
+    panel.RegisterCommands(commands);
+    view = std::make_unique<MainWindowView>(main, &commands, MainWindowHandlers{&panel});
     view->resize(1100, 720);
   }
   void TearDown() override { view.reset(); }
@@ -45,6 +46,13 @@ class TxPanelViewTest : public ::testing::Test {
     auto* label = child<QLabel>(("LblMaxLengte" + std::to_string(index)).c_str());
     return label->palette().color(QPalette::WindowText);
   }
+  // Registers what a send button's command runs.
+  void sender(Command command, std::function<void()> run) {
+    CommandSpec spec;
+    spec.key = {command};
+    spec.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(spec));
+  }
   // Lets the panel's queued change handlers run.
   static void settle() { QCoreApplication::processEvents(); }
 
@@ -54,7 +62,8 @@ class TxPanelViewTest : public ::testing::Test {
   MainWindow main;
   Meld meld{platform, main};
   Ports ports{platform, config, run, main, meld};
-  TxPanel panel{platform, config, run, main, ports, meld, [] {}};
+  CommandTable commands;
+  TxPanel panel{platform, config, run, main, ports, meld, commands, [] {}};
   std::unique_ptr<MainWindowView> view;
 };
 
@@ -115,7 +124,7 @@ TEST_F(TxPanelViewTest, TypedKeysGoThroughTheFieldsRules) {
 
   // Enter in the Text/data field adds it to the history and presses Send once.
   int presses = 0;
-  panel.senders.cmdTXDataText_Click = [&] { ++presses; };
+  sender(Command::cmdTXDataText, [&] { ++presses; });
   QTest::keyClick(text, Qt::Key_Return);
   EXPECT_EQ(presses, 1);
   EXPECT_EQ(text->count(), 1);
@@ -170,7 +179,7 @@ TEST_F(TxPanelViewTest, AListPickUpdatesTheCounterAndDropsFollowTheFieldsLimits)
 
 TEST_F(TxPanelViewTest, ASendButtonIgnoresASecondClickWithinTheGuard) {
   int presses = 0;
-  panel.senders.cmdTXDataText_Click = [&] { ++presses; };
+  sender(Command::cmdTXDataText, [&] { ++presses; });
   view->refresh();
   auto* send = child<QPushButton>("cmdTXDataText");
   ASSERT_TRUE(send->isEnabled());
@@ -238,9 +247,9 @@ TEST_F(TxPanelViewTest, PictureOfTheMainWindowForAPerson) {
   panel.SetCoherentTXBoxColors();
   for (int i = 0; i < 3; ++i)
     panel.UpdateCounter(i);
-  panel.senders.cmdTXDataText_Click = [] {};
-  panel.senders.cmdTXAPRS_Click = [] {};
-  panel.senders.cmdTXAPRSMessage_Click = [] {};
+  sender(Command::cmdTXDataText, [] {});
+  sender(Command::cmdTXAPRS, [] {});
+  sender(Command::cmdTXAPRSMessage, [] {});
   view->refresh();
   view->show();
   view->monitor().flush();

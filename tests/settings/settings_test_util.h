@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "main/main_window.h"
-#include "main/run_state.h"
 #include "platform/sim/sim_platform.h"
 #include "settings/settings_file.h"
 #include "settings/station_config.h"
+#include "state/main_window.h"
+#include "state/run_state.h"
 
 namespace tesk::settings_test {
 

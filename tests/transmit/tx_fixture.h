@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,18 @@ namespace tesk::testing {
 class TxPanelTest : public ::testing::Test {
  protected:
   TxPanelTest() {
-    panel.senders.cmdTXDataText_Click = [this] { sent.push_back("text:" + main.cmbDataText.text); };
-    panel.senders.cmdTXAPRS_Click = [this] { sent.push_back("aprs:" + main.cmbAPRSPos.text); };
-    panel.senders.cmdTXAPRSMessage_Click = [this] {
-      sent.push_back("msg:" + main.cmbAPRSMessage.text);
-    };
+    sender(Command::cmdTXDataText, [this] { sent.push_back("text:" + main.cmbDataText.text); });
+    sender(Command::cmdTXAPRS, [this] { sent.push_back("aprs:" + main.cmbAPRSPos.text); });
+    sender(Command::cmdTXAPRSMessage,
+           [this] { sent.push_back("msg:" + main.cmbAPRSMessage.text); });
+  }
+
+  // Registers what a send button's command runs.
+  void sender(Command command, std::function<void()> run) {
+    CommandSpec spec;
+    spec.key = {command};
+    spec.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(spec));
   }
 
   // Numbered entries "<prefix>1" ... "<prefix>n".
@@ -49,7 +57,8 @@ class TxPanelTest : public ::testing::Test {
   Meld meld{platform, main};
   Ports ports{platform, config, run, main, meld};
   int beaconRestarts = 0;
-  TxPanel panel{platform, config, run, main, ports, meld, [this] { ++beaconRestarts; }};
+  CommandTable commands;
+  TxPanel panel{platform, config, run, main, ports, meld, commands, [this] { ++beaconRestarts; }};
   std::vector<std::string> sent;
 };
 

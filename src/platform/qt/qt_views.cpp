@@ -12,7 +12,7 @@
 #include "base/text.h"
 #include "core/monitor_find.h"
 #include "heard/view_heard.h"
-#include "main/main_window.h"
+#include "link/lan_setup.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/views/edit_tx_data_view.h"
 #include "platform/qt/views/find_view.h"
@@ -20,7 +20,7 @@
 #include "platform/qt/views/main_window_view.h"
 #include "platform/qt/views/meld_view.h"
 #include "platform/qt/views/view_heard_view.h"
-#include "transmit/tx_panel.h"
+#include "transmit/edit_tx_data.h"
 
 namespace tesk {
 
@@ -63,47 +63,175 @@ QPixmap SplashPicture(const QString& line) {
 
 }  // namespace
 
-QtViews::QtViews() = default;
+QtViews::QtViews() {
+  registerViews();
+}
 
 QtViews::~QtViews() = default;
 
-void QtViews::attachMainWindow(MainWindow& data, std::function<MonitorLook()> look,
+void QtViews::registerViews() {
+  // One line a window: its data, then its view's show, hide and repaint.
+  m_registry[WindowKind::Main] = {[this] { return m_mainData != nullptr; }, [this] { showMain(); },
+                                  [this] {
+                                    if (m_main) m_main->hide();
+                                  },
+                                  [this] {
+                                    if (m_main) m_main->refresh();
+                                  }};
+  // The tray icon follows the struct's flag and tool tip.
+  m_registry[WindowKind::Tray] = {[this] { return m_mainData != nullptr; },
+                                  [this] { ensureMain().refresh(); },
+                                  [this] {
+                                    if (m_main) m_main->refresh();
+                                  },
+                                  [this] {
+                                    if (m_main) m_main->refresh();
+                                  }};
+  m_registry[WindowKind::Splash] = {[] { return true; }, [this] { showSplash(); },
+                                    [this] {
+                                      if (!m_splash) return;
+                                      m_splash->close();
+                                      m_splash.reset();
+                                    },
+                                    [] {}};
+  m_registry[WindowKind::Meld] = {[this] { return m_meldData != nullptr; }, [this] { showMeld(); },
+                                  [this] {
+                                    if (m_meld) m_meld->hide();
+                                  },
+                                  [this] {
+                                    if (m_meld) m_meld->refresh();
+                                  }};
+  m_registry[WindowKind::Find] = {[this] { return m_findData != nullptr; }, [this] { showFind(); },
+                                  [this] {
+                                    if (m_find) m_find->hide();
+                                  },
+                                  [this] {
+                                    if (m_find) m_find->refresh();
+                                  }};
+  m_registry[WindowKind::ViewHeard] = {[this] { return m_viewHeardData != nullptr; },
+                                       [this] {
+                                         if (!m_viewHeard)
+                                           m_viewHeard = std::make_unique<ViewHeardView>(
+                                               *m_viewHeardData, m_main.get());
+                                         m_viewHeard->refresh();
+                                         m_viewHeard->show();
+                                         m_viewHeard->raise();
+                                       },
+                                       [this] {
+                                         if (m_viewHeard) m_viewHeard->hide();
+                                       },
+                                       [this] {
+                                         if (m_viewHeard) m_viewHeard->refresh();
+                                       }};
+  m_registry[WindowKind::LanSetup] = {[this] { return m_lanData != nullptr; },
+                                      [this] {
+                                        if (!m_lanSetup)
+                                          m_lanSetup = std::make_unique<LanSetupView>(*m_lanData,
+                                                                                      m_main.get());
+                                        m_lanSetup->refresh();
+                                        bringUp(*m_lanSetup);
+                                      },
+                                      [this] {
+                                        if (m_lanSetup) m_lanSetup->hide();
+                                      },
+                                      [this] {
+                                        if (m_lanSetup) m_lanSetup->refresh();
+                                      }};
+  m_registry[WindowKind::EditTXData] = {[this] { return m_editorData != nullptr; },
+                                        [this] {
+                                          if (!m_editTXData)
+                                            m_editTXData = std::make_unique<EditTXDataView>(
+                                                *m_editorData, m_main.get());
+                                          m_editTXData->refresh();
+                                          bringUp(*m_editTXData);
+                                        },
+                                        [this] {
+                                          if (m_editTXData) m_editTXData->hide();
+                                        },
+                                        [this] {
+                                          if (m_editTXData) m_editTXData->refresh();
+                                        }};
+  // The port rows pop up beside their selectors in the main window's status strip.
+  m_registry[WindowKind::TxPortPopup] = {[this] { return m_mainData != nullptr; },
+                                         [this] { ensureMain().popupPorts(true); }, [] {}, [] {}};
+  m_registry[WindowKind::RxPortPopup] = {[this] { return m_mainData != nullptr; },
+                                         [this] { ensureMain().popupPorts(false); }, [] {}, [] {}};
+}
+
+bool QtViews::hasView(WindowKind kind) const {
+  const auto it = m_registry.find(kind);
+  return it != m_registry.end() && it->second.ready();
+}
+
+void QtViews::show(WindowKind window) {
+  if (!hasView(window)) {
+    // A window the station shows must have a view: in a debug build this stops at once.
+    qCritical("tesk: no view for the window %s", WindowName(window));
+    Q_ASSERT_X(false, "QtViews::show", WindowName(window));
+    return;
+  }
+  m_registry.at(window).show();
+}
+
+void QtViews::hide(WindowKind window) {
+  if (hasView(window)) m_registry.at(window).hide();
+}
+
+void QtViews::refresh(WindowKind window) {
+  if (hasView(window)) m_registry.at(window).refresh();
+}
+
+void QtViews::refreshAll() {
+  for (WindowKind kind : kWindowKinds)
+    refresh(kind);
+}
+
+void QtViews::attachMainWindow(MainWindow& data, CommandTable& commands,
+                               MainWindowHandlers handlers, std::function<MonitorLook()> look,
                                std::function<void()> onClose) {
   m_mainData = &data;
+  m_commands = &commands;
+  m_handlers = handlers;
   m_look = std::move(look);
   m_onClose = std::move(onClose);
 }
 
 MainWindowView& QtViews::ensureMain() {
   if (!m_main) {
-    m_main = std::make_unique<MainWindowView>(*m_mainData);
+    m_main = std::make_unique<MainWindowView>(*m_mainData, m_commands, m_handlers);
     m_main->setOnClose(m_onClose);
-    if (m_lanData != nullptr) m_main->setCommand("mnuLanSetup", [lan = m_lanData] { lan->Show(); });
   }
   return *m_main;
 }
 
-EditTXDataView* QtViews::ensureEditTXData() {
-  if (!m_editTXData && m_mainData != nullptr && m_mainData->txPanel != nullptr)
-    m_editTXData = std::make_unique<EditTXDataView>(m_mainData->txPanel->editor(), m_main.get());
-  return m_editTXData.get();
+void QtViews::bringUp(QWidget& view) {
+  view.show();
+  view.raise();
+  view.activateWindow();
 }
 
-void QtViews::attachLanSetup(LanSetup& lan) {
-  m_lanData = &lan;
-  if (m_main) m_main->setCommand("mnuLanSetup", [lan = m_lanData] { lan->Show(); });
+void QtViews::showMain() {
+  MainWindowView& view = ensureMain();
+  if (m_look) view.setMonitorLook(m_look());
+  view.refresh();
+  if (m_mainData->form.windowState == 2) {
+    view.showMaximized();
+  } else if (m_mainData->form.windowState == 1) {
+    view.showMinimized();
+  } else {
+    view.show();
+  }
+  view.monitor().flush();
+  // The splash has done its work once the window it announced is there; left up, it would
+  // cover the boxes of the rest of the load pass.
+  if (m_splash) m_splash->hide();
 }
 
 void QtViews::showMeld() {
-  if (m_mainData == nullptr || m_mainData->meld == nullptr) return;
+  Meld* meld = m_meldData;
   if (!m_meld) {
-    MainWindow* data = m_mainData;
     m_meld = std::make_unique<MeldView>(
-        data->meld->window(),
-        [data] {
-          if (data->meld != nullptr) data->meld->cmd_OK_Meld_Click();
-        },
-        m_main.get());
+        meld->window(), [meld] { meld->cmd_OK_Meld_Click(); }, m_main.get());
   }
   m_meld->refresh();
   if (m_main && m_main->isVisible()) {
@@ -119,8 +247,7 @@ void QtViews::showMeld() {
 }
 
 void QtViews::showFind() {
-  if (m_mainData == nullptr || m_mainData->monitorFind == nullptr) return;
-  MonitorFind& find = *m_mainData->monitorFind;
+  MonitorFind& find = *m_findData;
   if (!m_find) {
     // After each press the main window repaints, and a hit in the Monitor shows selected.
     m_find = std::make_unique<FindView>(
@@ -133,105 +260,17 @@ void QtViews::showFind() {
         m_main.get());
   }
   m_find->refresh();
-  m_find->show();
-  m_find->raise();
-  m_find->activateWindow();
+  bringUp(*m_find);
 }
 
-void QtViews::show(const std::string& window) {
-  if (window == "Meld") {
-    showMeld();
-    return;
+void QtViews::showSplash() {
+  if (!m_splash) {
+    const QString line = m_splashText ? ToQString(m_splashText()) : QString();
+    m_splash = std::make_unique<QSplashScreen>(SplashPicture(line));
+    m_splash->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);  // not on top
   }
-  if (window == MonitorFind::kWindowName) {
-    showFind();
-    return;
-  }
-  if (window == ViewHeard::kWindowName) {
-    if (m_mainData == nullptr || m_mainData->viewHeard == nullptr) return;
-    if (!m_viewHeard)
-      m_viewHeard = std::make_unique<ViewHeardView>(*m_mainData->viewHeard, m_main.get());
-    m_viewHeard->refresh();
-    m_viewHeard->show();
-    m_viewHeard->raise();
-    return;
-  }
-  if (window == LanSetup::kWindowName && m_lanData != nullptr) {
-    if (!m_lanSetup) m_lanSetup = std::make_unique<LanSetupView>(*m_lanData, m_main.get());
-    m_lanSetup->refresh();
-    m_lanSetup->show();
-    m_lanSetup->raise();
-    m_lanSetup->activateWindow();
-  } else if (window == EditTXData::kWindowName) {
-    if (EditTXDataView* view = ensureEditTXData()) {
-      view->refresh();
-      view->show();
-      view->raise();
-      view->activateWindow();
-    }
-  } else if (window == "main" && m_mainData != nullptr) {
-    MainWindowView& view = ensureMain();
-    if (m_look) view.setMonitorLook(m_look());
-    view.refresh();
-    if (m_mainData->form.windowState == 2) {
-      view.showMaximized();
-    } else if (m_mainData->form.windowState == 1) {
-      view.showMinimized();
-    } else {
-      view.show();
-    }
-    view.monitor().flush();
-    // The splash has done its work once the window it announced is there; left up, it would
-    // cover the boxes of the rest of the load pass.
-    if (m_splash) m_splash->hide();
-  } else if (window == "tray" && m_main) {
-    m_main->refresh();  // the tray icon follows the struct's flag and tool tip
-  } else if (window == "frmSplash") {
-    if (!m_splash) {
-      const QString line = m_splashText ? ToQString(m_splashText()) : QString();
-      m_splash = std::make_unique<QSplashScreen>(SplashPicture(line));
-      m_splash->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);  // not on top
-    }
-    m_splash->show();
-    m_splash->repaint();
-  }
-}
-
-void QtViews::hide(const std::string& window) {
-  if (window == "Meld") {
-    if (m_meld) m_meld->hide();
-    return;
-  }
-  if (window == ViewHeard::kWindowName) {
-    if (m_viewHeard) m_viewHeard->hide();
-    return;
-  }
-  if (window == MonitorFind::kWindowName) {
-    if (m_find) m_find->hide();
-    return;
-  }
-  if (window == LanSetup::kWindowName) {
-    if (m_lanSetup) m_lanSetup->hide();
-  } else if (window == EditTXData::kWindowName) {
-    if (m_editTXData) m_editTXData->hide();
-  } else if (window == "main" && m_main) {
-    m_main->hide();
-  } else if (window == "tray" && m_main) {
-    m_main->refresh();
-  } else if (window == "frmSplash" && m_splash) {
-    m_splash->close();
-    m_splash.reset();
-  }
-}
-
-void QtViews::refresh(const std::string& window) {
-  if ((window.empty() || window == "Meld") && m_meld) m_meld->refresh();
-  if ((window.empty() || window == ViewHeard::kWindowName) && m_viewHeard) m_viewHeard->refresh();
-  if ((window.empty() || window == MonitorFind::kWindowName) && m_find) m_find->refresh();
-  if ((window.empty() || window == "main") && m_main) m_main->refresh();
-  if ((window.empty() || window == LanSetup::kWindowName) && m_lanSetup) m_lanSetup->refresh();
-  if ((window.empty() || window == EditTXData::kWindowName) && m_editTXData)
-    m_editTXData->refresh();
+  m_splash->show();
+  m_splash->repaint();
 }
 
 void HeadlessViews::notice(const std::string& text) {

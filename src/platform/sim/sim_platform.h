@@ -23,8 +23,8 @@ class SimClock : public Clock {
   std::string longTime(const DateTime& t) const override;
 
   DateTime start{2026, 11, 22, 12, 0, 0, 0};  // local time at virtual time 0
-  int utcOffsetMinutes = 60;                   // local minus UTC
-  std::string dateFormat = "dd-MM-yyyy";       // the short date pattern: dd, d, MM, M, yyyy, yy
+  int utcOffsetMinutes = 60;                  // local minus UTC
+  std::string dateFormat = "dd-MM-yyyy";      // the short date pattern: dd, d, MM, M, yyyy, yy
 
  private:
   const SimLoop& m_loop;
@@ -72,8 +72,8 @@ class SimStore : public Store {
                                      const std::string& name) override;
   bool regWrite(Hive hive, const std::string& key, const std::string& name,
                 const std::string& value) override;
-  std::string getSetting(const std::string& app, const std::string& section,
-                         const std::string& key, const std::string& defaultValue) override;
+  std::string getSetting(const std::string& app, const std::string& section, const std::string& key,
+                         const std::string& defaultValue) override;
   void saveSetting(const std::string& app, const std::string& section, const std::string& key,
                    const std::string& value) override;
 
@@ -122,9 +122,11 @@ class SimClipboard : public Clipboard {
 
 class SimViews : public Views {
  public:
-  void show(const std::string& window) override { shownWindows.push_back(window); }
-  void hide(const std::string& window) override { hiddenWindows.push_back(window); }
-  void refresh(const std::string&) override { ++refreshes; }
+  // Windows are recorded by their names, as the tests read them.
+  void show(WindowKind window) override { shownWindows.push_back(WindowName(window)); }
+  void hide(WindowKind window) override { hiddenWindows.push_back(WindowName(window)); }
+  void refresh(WindowKind) override { ++refreshes; }
+  void refreshAll() override { ++refreshes; }
   void notice(const std::string& text) override { notices.push_back(text); }
   std::vector<std::string> shownWindows, hiddenWindows, notices;
   int refreshes = 0;
