@@ -19,6 +19,9 @@ constexpr long kOverheadWithTag = 19;
 constexpr long kOverheadNoTag = 13;
 constexpr long kFullRoom = 79;
 constexpr int kLastHeardWithVia = 6;
+// A longer total can only add frames, so the count settles once the total keeps its number of
+// digits, within a few rounds; the limit only guards the loop.
+constexpr int kCountRounds = 8;
 
 // Sample frames of the setup's example; made-up calls.
 constexpr const char* kSampleFirst = "PA3ABC,DL1XYZ-7,OK1ABC,";
@@ -101,9 +104,23 @@ void HeardReports::SendMheardList(int16_t type) {
   }
   // The rows as they stand now: frames coming in while the pieces go out must not shift them.
   const std::vector<std::string> snapshot = rows;
-  int total = 0;
-  if (type == 1) total = 1 + WalkRows(snapshot, type, overhead, tag, 0, false);
+  const int total = type == 1 ? CountParts(snapshot, overhead, tag) : 0;
   WalkRows(snapshot, type, overhead, tag, total, true);
+}
+
+int HeardReports::CountParts(const std::vector<std::string>& rows, long overhead,
+                             const std::string& tag) {
+  // The count walks with the prefixes the frames will carry. From 10 on, a part or a total
+  // takes two digits, the room shrinks and more frames may follow, so the count is taken again
+  // with the new total until it holds: a report never says more parts than it announced.
+  // Lists below 10 parts are counted the same as always.
+  int total = 0;
+  for (int round = 0; round < kCountRounds; ++round) {
+    const int counted = 1 + WalkRows(rows, 1, overhead, tag, total, false);
+    if (counted == total) break;
+    total = counted;
+  }
+  return total;
 }
 
 int HeardReports::WalkRows(const std::vector<std::string>& rows, int16_t type, long overhead,
@@ -121,11 +138,9 @@ int HeardReports::WalkRows(const std::vector<std::string>& rows, int16_t type, l
         m_parts.panel.CalcUI_TXlength(unused, static_cast<int16_t>(overhead + Len(prefix)), 1);
     if (Len(list) < room || i + 1 == rows.size()) continue;
     ++flushes;
-    if (send) {
-      if (type == 1) prefix = Prefix(type, ++part, total);
-      // No tag on these: it marks the last frame, and the comma says more follows.
-      Send(prefix + list);
-    }
+    if (type == 1) prefix = Prefix(type, ++part, total);
+    // No tag on these: it marks the last frame, and the comma says more follows.
+    if (send) Send(prefix + list);
     list.clear();
   }
   if (send && !list.empty()) {

@@ -65,6 +65,8 @@ class HeardReports {
   const std::string& example() const { return m_example; }
 
  private:
+  // The number of type 1 frames the walk will send.
+  int CountParts(const std::vector<std::string>& rows, long overhead, const std::string& tag);
   // The walk of the list rows; sends when `send`, otherwise only counts the flushes.
   int WalkRows(const std::vector<std::string>& rows, int16_t type, long overhead,
                const std::string& tag, int total, bool send);

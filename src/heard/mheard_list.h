@@ -67,6 +67,8 @@ class MHeardList {
   // The first-heard time text: short date and time, or date " | " the UTC clock.
   std::string TimeText() const;
   std::string MHeardFolder() const;
+  // The selected row of the list box as it reads, "" when none.
+  std::string SelectedRow() const;
   // The call of the selected row of the list box, "" when none.
   std::string SelectedCall() const;
 

@@ -14,10 +14,15 @@ std::string MHeardList::MHeardFolder() const {
   return m_run.AppPath + "/MHeard";
 }
 
-std::string MHeardList::SelectedCall() const {
+std::string MHeardList::SelectedRow() const {
   const ListBox& box = m_main.LstMHeardList;
   if (box.listIndex < 0 || box.listIndex >= static_cast<long>(box.list.size())) return "";
-  return CallOf(box.list[static_cast<std::size_t>(box.listIndex)]);
+  return box.list[static_cast<std::size_t>(box.listIndex)];
+}
+
+std::string MHeardList::SelectedCall() const {
+  const std::string row = SelectedRow();
+  return row.empty() ? "" : CallOf(row);
 }
 
 void MHeardList::LstMHeardList_DblClick() {

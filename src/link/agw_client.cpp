@@ -76,7 +76,8 @@ bool AgwClient::open(const std::string& host, int port, const LogOn& logOn, doub
   m_host = host;
   m_port = port;
   if (sameEngine) {
-    // Still connected to this engine: register a changed call and ask the version again.
+    // Still connected to this engine: register a changed call, ask the version and the ports
+    // again.
     if (logOn.ownCall != m_logOn.ownCall) {
       for (int p : logOn.registerPorts)
         send(Request('X', p, logOn.ownCall));
@@ -84,6 +85,7 @@ bool AgwClient::open(const std::string& host, int port, const LogOn& logOn, doub
     m_logOn = logOn;
     m_answered = false;
     send(Request('R'));
+    send(Request('G'));
   } else {
     m_logOn = logOn;
     close();
@@ -139,6 +141,8 @@ void AgwClient::sendLogOn() {
   // Both are toggles that start off on each new connection: send each once.
   send(Request('m'));
   send(Request('k'));
+  // The engine's ports, for the operator to see which engine and sound card answered.
+  send(Request('G'));
 }
 
 void AgwClient::lost(double retryAfterSeconds) {

@@ -1,8 +1,9 @@
 // A complete client of the AGWPE host interface over TCP, for direct mode: it connects, logs on
-// (version request, login, call registration, monitoring and raw frames on), reassembles the
-// byte stream into frames however the reads cut it, refuses a declared length above a fixed
-// maximum, and keeps reading on every data event so that the engine never stalls. When the
-// engine goes away it tries again in the background, from a timer, without blocking anyone.
+// (version request, login, call registration, monitoring and raw frames on, the port list),
+// reassembles the byte stream into frames however the reads cut it, refuses a declared length
+// above a fixed maximum, and keeps reading on every data event so that the engine never stalls.
+// When the engine goes away it tries again in the background, from a timer, without blocking
+// anyone.
 #pragma once
 
 #include <cstdint>

@@ -60,6 +60,7 @@ int16_t AgwDirect::AGWStartPoll(const std::string& ownCall, const std::string&, 
                                 int32_t) {
   // The application key meant something to the library only; engines over TCP know none.
   ++m_startPolls;
+  m_portsWanted = true;
   const std::string call = callLength >= 0 ? Left(ownCall, callLength) : ownCall;
   m_ownCall = UCase(Trim(call));
   AgwClient::LogOn logOn;
@@ -226,7 +227,10 @@ AgwDirect::Link* AgwDirect::findLink(const std::string& remote) {
 }
 
 void AgwDirect::onEngineFrame(const AgwFrame& frame) {
-  if (frame.kind == 'C') {
+  if (frame.kind == 'G') {
+    if (!m_portsWanted) return;
+    m_portsWanted = false;
+  } else if (frame.kind == 'C') {
     linkOpened(frame);
   } else if (frame.kind == 'd') {
     const std::string call = UCase(frame.callFrom);

@@ -82,6 +82,9 @@ class AgwDirect {
   DirectFrameQueue m_queue;
   std::vector<Link> m_links;
   std::string m_ownCall;
+  // The next port list goes to the core: one is asked at each start, and a reconnect to the
+  // same engine must not add its ports to the engine status again.
+  bool m_portsWanted = false;
   int m_startPolls = 0;
   int m_closes = 0;
   int m_puts = 0;

@@ -3,6 +3,8 @@
 
 #include <span>
 
+#include "base/text.h"
+
 namespace tesk {
 
 namespace {
@@ -33,6 +35,9 @@ void DirectFrameQueue::push(const AgwFrame& frame, const DateTime& at) {
     case 'd':
       pushNotice(frame.kind, frame.port, frame.callFrom, frame.data);
       return;
+    case 'G':
+      pushPorts(frame);
+      return;
     default:
       return;
   }
@@ -56,6 +61,25 @@ void DirectFrameQueue::pushRaw(const AgwFrame& frame) {
   }
   if (m_rawFollowsText) return;  // its text was handed out already
   m_pendingRaw = PendingRaw{frame.port, std::move(*raw)};
+}
+
+void DirectFrameQueue::pushPorts(const AgwFrame& frame) {
+  // "count;Port1 text;Port2 text;...;" up to a NUL. The count is no port; Dire Wolf 1.6 also
+  // lists the channels it has not set up, which the operator has no use for.
+  const std::string list = CutAtNul(frame.data);
+  for (long at = 1; at <= Len(list);) {
+    const long semicolon = InStr(at, list, ";");
+    const long end = semicolon > 0 ? semicolon : Len(list) + 1;
+    const std::string entry = Trim(Mid(list, at, end - at));
+    at = end + 1;
+    if (Left(entry, 4) != "Port" || InStr(entry, "INVALID CHANNEL") > 0 ||
+        InStr(entry, "Disabled") > 0)
+      continue;
+    // "PortN" counts from 1; a number the port byte cannot hold is the first port.
+    const double number = Val(Mid(entry, 5));
+    const int port = number >= 1 && number <= 256 ? static_cast<int>(number) - 1 : 0;
+    pushNotice('G', port, "", entry);
+  }
 }
 
 void DirectFrameQueue::pushMonitor(const AgwFrame& frame, const DateTime& at) {

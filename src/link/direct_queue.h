@@ -2,7 +2,8 @@
 // may send many frames between two ticks; the core takes one per tick, so every frame waits
 // here in order. Raw frames (kind "K") do not reach the core: each is paired with the monitor
 // text of the same packet (the one after it, or for engines that send it second, the one
-// before it) so that the text can carry the Via marks read from the raw frame.
+// before it) so that the text can carry the Via marks read from the raw frame. The engine's
+// port list goes to the core as one text per usable port, each beginning "Port".
 #pragma once
 
 #include <cstddef>
@@ -19,7 +20,7 @@ namespace tesk {
 
 // One frame as the core receives it.
 struct DirectFrame {
-  char kind = 0;  // "U", "I", "S", "T" monitor texts; "c", "D", "d" for connected mode
+  char kind = 0;  // "U", "I", "S", "T" monitor texts; "c", "D", "d" for connected mode; "G" ports
   int port = 0;   // 0-based
   std::string call;
   std::string text;
@@ -32,7 +33,7 @@ class DirectFrameQueue {
   static constexpr std::size_t kMaxFrames = 10000;
 
   // Takes one frame from the engine, received at local time `at`. Kinds the core has no use
-  // for (replies to requests) are passed over.
+  // for (replies to requests other than the port list) are passed over.
   void push(const AgwFrame& frame, const DateTime& at);
   // A notice made up by the link itself (the engine went away while a connection was open).
   void pushNotice(char kind, int port, const std::string& call, const std::string& text);
@@ -55,6 +56,7 @@ class DirectFrameQueue {
     Ax25Frame raw;
   };
   void pushRaw(const AgwFrame& frame);
+  void pushPorts(const AgwFrame& frame);
   void pushMonitor(const AgwFrame& frame, const DateTime& at);
   void add(Entry entry);
 

@@ -184,8 +184,9 @@ void SettingsFile::applyFiltersAndBeaconLabel() {
   }
   if (!c.FilterCall.empty()) {
     w.lblMonitorFilter.caption = UCase(c.FilterCall);
-    w.lblMonitorFilter.foreColor = QBColor(10);  // bright green on blue
-    w.lblMonitorFilter.backColor = QBColor(1);
+    // The colours of a filter chosen from the menu: a restored filter looks like one set by hand.
+    w.lblMonitorFilter.backColor = QBColor(10);
+    w.lblMonitorFilter.foreColor = QBColor(1);
   }
   if (c.Beacon == -1) {
     w.lblBeacon.caption = "Beacon ON";

@@ -100,13 +100,9 @@ void UiTextSender::menusend_Click() {
 bool UiTextSender::DropAllowed(const std::string& data, bool isText) const {
   if (!isText || Len(data) > kDropMax) return false;
   if (data == m_main.cmbToCall.text || data == m_main.cmbViaCall.text) return false;
-  // A call dragged from the MHeard list is meant for To or Via, never for the air.
-  const ListBox& heard = m_main.LstMHeardList;
-  if (heard.listIndex >= 0 && heard.listIndex < static_cast<long>(heard.list.size())) {
-    if (data == heard.list[static_cast<std::size_t>(heard.listIndex)]) return false;
-    if (data == m_heardList.SelectedCall()) return false;
-  }
-  return true;
+  // Only the whole selected row is refused; the call the list's drag offers goes out.
+  const std::string row = m_heardList.SelectedRow();
+  return row.empty() || data != row;
 }
 
 int UiTextSender::Drop(const std::string& data, bool isText) {

@@ -4,7 +4,9 @@
 # log on to the engine (version, registration, monitoring and raw frames), show the frames the
 # engine hears with the "*" of the satellite that repeated them, although Dire Wolf 1.6 leaves
 # that mark out of its own texts, and lose none of a burst that arrives faster than it shows
-# frames. It reports the time from the start to the first frame shown.
+# frames. The engine's port list, asked after the log-on, must show its usable port in the
+# Monitor and in the engine status the settings file keeps (";agwinit"), without the channels
+# Dire Wolf 1.6 lists as invalid. It reports the time from the start to the first frame shown.
 # Usage: direwolf_direct_test.sh PATH-TO-TESK
 set -uo pipefail
 # shellcheck source=tests/e2e/lib.sh
@@ -103,10 +105,18 @@ shown=$(grep -c "burst frame" "$out")
 ((shown == BURST)) || failures+=("$shown of the $BURST burst frames were shown")
 unmarked=$(grep -F "XX9AB-" "$out" | grep -F "Via RS0ISS" | grep -vcF "Via RS0ISS*")
 ((unmarked == 0)) || failures+=("$unmarked burst headers lack the \"*\"")
+grep -qF "datakind = 'G'" "$E2E_DW_LOG" || failures+=("the port list was never asked ('G')")
+port_line=$(grep -m1 -E '^Port1 ' "$out")
+[[ -n "$port_line" ]] || failures+=("no \"Port1 ...\" line of the engine in the Monitor")
+grep -qF "INVALID CHANNEL" "$out" && failures+=("an invalid channel was shown as a port")
+agwinit=$(tr -d '\r' <"$home/tesk.ini" 2>/dev/null | grep -m1 '^;agwinit ')
+[[ -n "$port_line" && "$agwinit" == *"$port_line - "* ]] ||
+  failures+=("the engine status \"$agwinit\" lacks the port line \"$port_line\"")
 if ((${#failures[@]})); then
   e2e_fail "$(printf '%s\n' "${failures[@]}")"$'\n'"$(report)"
 fi
 since() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.1f", b - a }'; }
+echo "direwolf_direct: port line \"$port_line\"; $agwinit"
 echo "direwolf_direct: logged on $(since "$started" "$logged_on") s after the start;" \
   "first frame shown $(since "$started" "$first_shown") s after the start," \
   "$(since "$fed" "$first_shown") s after its audio was fed; all $BURST burst frames shown with the \"*\""

@@ -3,6 +3,7 @@
 // engine that goes away and comes back, and a stream that declares an impossible length.
 #include <gtest/gtest.h>
 
+#include "sim/sim_engine_bench.h"
 #include "support/dialect_engine.h"
 #include "support/station_fixture.h"
 
@@ -25,12 +26,19 @@ std::vector<uint8_t> Join(const std::vector<std::vector<uint8_t>>& parts) {
 
 TEST_P(DirectStream, LogsOnAndAnswersOnlyWhenTheEngineDoes) {
   EXPECT_TRUE(startUp());
-  // Version, registration of the own call, monitoring and raw frames on; no login without a
-  // password.
-  EXPECT_EQ(engine.kinds(), "RXmk");
+  // Version, registration of the own call, monitoring and raw frames on, the port list; no
+  // login without a password.
+  EXPECT_EQ(engine.kinds(), "RXmkG");
   EXPECT_EQ(engine.registered, std::vector<std::string>{"XX9TK"});
   EXPECT_TRUE(engine.monitorOn);
   EXPECT_TRUE(engine.rawOn);
+  // The usable ports reach the core, one text each; Dire Wolf 1.6's unset channels do not.
+  ASSERT_EQ(ports.size(), 1u);
+  EXPECT_EQ(ports[0].kind, 'G');
+  EXPECT_EQ(ports[0].port, 0);
+  EXPECT_EQ(Left(ports[0].value(), 6), "Port1 ");
+  EXPECT_EQ(ports[0].value(), CutAtNul(ports[0].text));
+  EXPECT_EQ(InStr(ports[0].value(), ";"), 0);
   EXPECT_TRUE(pollAll().empty());  // the replies never reach the core
 
   direct.AGWClose();
@@ -53,10 +61,20 @@ TEST_P(DirectStream, LogsOnAndAnswersOnlyWhenTheEngineDoes) {
   EXPECT_TRUE(direct.client().up());
   EXPECT_TRUE(engine.monitorOn && engine.rawOn);
 
-  // The setup's new start on the same engine keeps the connection and registers a new call.
+  // Found after the start gave up, the engine's ports still reach the core, once.
+  const std::vector<Polled> found = pollAll();
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].kind, 'G');
+
+  // The setup's new start on the same engine keeps the connection and registers a new call;
+  // it asks the ports again, as a start does.
   EXPECT_NE(direct.AGWStartPoll("XX9TK-1", "", 7, 0), 0);
   EXPECT_EQ(engine.accepted, 2);
   EXPECT_EQ(engine.registered.back(), "XX9TK-1");
+  run(0.1);
+  const std::vector<Polled> again = pollAll();
+  ASSERT_EQ(again.size(), 1u);
+  EXPECT_EQ(again[0].kind, 'G');
 
   // With a password the login follows the version request; a radio port other than the first
   // is registered as well.
@@ -65,7 +83,7 @@ TEST_P(DirectStream, LogsOnAndAnswersOnlyWhenTheEngineDoes) {
   config.AGWPERadioPort = 1;
   ASSERT_TRUE(startUp());
   const std::string kinds = engine.kinds();
-  EXPECT_EQ(kinds.substr(kinds.size() - 6), "RPXXmk");
+  EXPECT_EQ(kinds.substr(kinds.size() - 7), "RPXXmkG");
   const AgwFrame login = sent('P').back();
   ASSERT_EQ(login.data.size(), 510u);
   EXPECT_EQ(CutAtNul(login.data.substr(0, 255)), "XX9TK");
@@ -244,6 +262,36 @@ TEST_F(DirectStartup, LoadPassFindsTheEngineAndAsksNothing) {
   station->Einde();
   platform.simLoop.run(0.1);
   EXPECT_FALSE(engine.clientConnected());
+}
+
+// The engine's port lines in the Monitor and in the engine status, once, after the start.
+void ExpectPortsShown(Station& station, SimPlatform& platform, const std::string& line) {
+  platform.simLoop.run(2);
+  const std::string monitor = station.mainWindow().txtMonitor.text();
+  const std::string status = station.run().EngineStatus;
+  EXPECT_NE(InStr(monitor, line + "\r\n"), 0) << monitor;
+  EXPECT_EQ(InStr(InStr(monitor, line) + 1, monitor, line), 0) << "once: " << monitor;
+  EXPECT_NE(InStr(status, line + " - "), 0) << status;
+  EXPECT_EQ(InStr(monitor, "INVALID"), 0) << monitor;
+  EXPECT_EQ(InStr(status, "INVALID"), 0) << status;
+}
+
+TEST_F(DirectStartup, DireWolfPortsShowInTheMonitorAndReachTheEngineStatus) {
+  DialectEngine engine(platform, Dialect::DireWolf16, kHost, kPort);
+  WriteFile(home.file("TESKLanMode.ini"), LanIni(kHost, kPort, 0));
+  start("");
+  ASSERT_TRUE(station->loaded());
+  ExpectPortsShown(*station, platform, "Port1 first soundcard mono");
+}
+
+TEST_F(DirectStartup, TheSimulatedEnginesPortsShowInTheMonitorAndReachTheEngineStatus) {
+  sim::SimEngine engine(platform.simLoop, platform.simClock,
+                        sim::EngineOptions{sim::Dialect::AgwPacketEngine, 1, 1, QuietPass(0, 0)});
+  ServeOnNetwork(platform, engine, kHost, kPort);
+  WriteFile(home.file("TESKLanMode.ini"), LanIni(kHost, kPort, 0));
+  start("");
+  ASSERT_TRUE(station->loaded());
+  ExpectPortsShown(*station, platform, "Port1 Simulated sound card 1200 baud");
 }
 
 }  // namespace

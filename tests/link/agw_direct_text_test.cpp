@@ -46,6 +46,25 @@ TEST(DirectText, EngineTextsComeOutInOneForm) {
   }
 }
 
+TEST(DirectText, ThePortListBecomesOneTextPerUsablePort) {
+  AgwFrame list;
+  list.kind = 'G';
+  list.data = std::string("3;Port1 stereo left;Port2 Disabled;Port3 INVALID CHANNEL;") +
+              "Port4 stereo right;Port99999999999 odd;" + '\0' + "Port5 behind the NUL;";
+  DirectFrameQueue queue;
+  queue.push(list, kAt);
+  const std::pair<int, std::string> expected[] = {
+      {0, "Port1 stereo left"}, {3, "Port4 stereo right"}, {0, "Port99999999999 odd"}};
+  for (const auto& [port, text] : expected) {
+    const std::optional<DirectFrame> f = queue.pop();
+    ASSERT_TRUE(f);
+    EXPECT_EQ(f->kind, 'G');
+    EXPECT_EQ(f->port, port);
+    EXPECT_EQ(f->text, text);
+  }
+  EXPECT_TRUE(queue.empty());
+}
+
 TEST(DirectText, RawFramesDecodeWithTheirRepeatedBits) {
   const Ax25Frame f = Tnc2("PA3ABC-7>APRS-0,RS0ISS-4*,ARISS:hello");
   const std::optional<Ax25Frame> d = DecodeAx25(Ax25Bytes(f));

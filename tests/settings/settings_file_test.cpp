@@ -286,6 +286,9 @@ TEST(SettingsReader, FillsTheMainWindow) {
   EXPECT_TRUE(rig.filterClicks.empty());
   EXPECT_EQ(c.Filters, 0);
   EXPECT_EQ(w.lblMonitorFilter.caption, "PA3ABC");
+  // Restored, the label has the colours of a filter chosen from the menu.
+  EXPECT_EQ(w.lblMonitorFilter.backColor, QBColor(10));
+  EXPECT_EQ(w.lblMonitorFilter.foreColor, QBColor(1));
   EXPECT_EQ(w.lblBeacon.caption, "Beacon ON");
   EXPECT_EQ(w.lblBeacon.backColor, QBColor(14));
   EXPECT_EQ(w.lblBeacon.foreColor, QBColor(13));

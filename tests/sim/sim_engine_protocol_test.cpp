@@ -126,11 +126,14 @@ TEST_P(EngineProtocol, DirectModeSeesItsFrameReportedAndRepeated) {
   EXPECT_EQ(engine.server().connected(), 1u);
   ASSERT_NE(direct.AGWPutData("CQ ARISS", "hello via the sat", 'V', 17, 0), 0);
   run(5);
-  std::vector<std::pair<int, std::string>> polled;
+  std::vector<std::pair<int, std::string>> polled, ports;
   std::string call(25, ' '), text(512, ' ');
   int32_t kind = 0, length = 0, port = 0;
   while (direct.AGWGetData(call, text, kind, length, port) != 0)
-    polled.emplace_back(kind, Left(text, length));
+    (kind == 'G' ? ports : polled).emplace_back(kind, Left(text, length));
+  // The engine's port list, asked at the start, comes as one text per port.
+  ASSERT_EQ(ports.size(), 1u);
+  EXPECT_EQ(Left(ports[0].second, 6), "Port1 ");
   ASSERT_EQ(polled.size(), 2u);
   EXPECT_EQ(polled[0].first, 'T');
   EXPECT_NE(InStr(polled[0].second, "Fm XX9TK To CQ Via ARISS <"), 0) << polled[0].second;

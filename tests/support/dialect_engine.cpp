@@ -188,6 +188,9 @@ void DialectEngine::onFrame(const AgwFrame& f) {
       sendFrame(sim::RegisterReplyKind(SimDialect(m_dialect)), f.port, f.callFrom, "",
                 std::string(1, '\1'));
       break;
+    case 'G':
+      sendFrame('G', 0, "", "", sim::PortListReply(SimDialect(m_dialect)));
+      break;
     case 'm':
       monitorOn = !monitorOn;
       break;

@@ -115,7 +115,15 @@ class DirectBench : public ::testing::TestWithParam<Dialect> {
     config.LanPort = kPort;
   }
   Dialect dialect() const { return GetParam(); }
-  bool startUp() { return direct.AGWStartPoll(kOwnCall, "key", 5, 3) != 0; }
+  // Starts the link; the engine's port lines, the first frames the core would get after a
+  // start, are taken into `ports` so that each test polls its own frames.
+  bool startUp() {
+    const bool up = direct.AGWStartPoll(kOwnCall, "key", 5, 3) != 0;
+    if (!up) return false;
+    platform.simLoop.runUntil(1, [this] { return direct.waiting() > 0; });
+    ports = pollAll();
+    return true;
+  }
   Polled poll() {
     Polled p;
     p.call = std::string(25, 'z');  // what the core's texts held before; must be overwritten
@@ -148,6 +156,7 @@ class DirectBench : public ::testing::TestWithParam<Dialect> {
     return out;
   }
 
+  std::vector<Polled> ports;
   SimPlatform platform;
   StationConfig config;
   RunState run_;

@@ -106,6 +106,27 @@ TEST_F(SendTest, DroppedTextGoesOutUncutWithoutHistoryAndLongOrKnownTextsAreRefu
   EXPECT_EQ(lanFrames().size(), 1u);
 }
 
+TEST_F(SendTest, ACallDraggedFromTheHeardListGoesOutButItsWholeRowDoesNot) {
+  startLan();
+  path("CQ", "ARISS");
+  ListBox& heard = main().LstMHeardList;
+  const std::string row = "PA3ABC               22-11-2026 12:00:00";
+  heard.list = {"DL1XYZ-7             22-11-2026 11:59:00", row};
+  heard.listIndex = 1;
+  UiTextSender& sender = parts().uiTextSender;
+  // What the list's drag offers is the call of the selected row.
+  ASSERT_EQ(parts().heardList.DragText(), "PA3ABC");
+  EXPECT_TRUE(sender.DropAllowed("PA3ABC", true));
+  EXPECT_FALSE(sender.DropAllowed(row, true));
+  EXPECT_TRUE(sender.DropAllowed(heard.list[0], true));  // a row not selected is just text
+  EXPECT_FALSE(sender.DropAllowed("CQ", true));
+  EXPECT_FALSE(sender.DropAllowed("ARISS", true));
+  EXPECT_FALSE(sender.DropAllowed(Letters(91), true));
+  EXPECT_TRUE(sender.DropAllowed(Letters(90), true));
+  EXPECT_EQ(sender.Drop("PA3ABC", true), 1);
+  EXPECT_EQ(sentTexts(), std::vector<std::string>{"PA3ABC"});
+}
+
 TEST_F(SendTest, MonitorTextGoesInPiecesOf80WithAPauseBeforeEachOverTcp) {
   startLan();
   path("CQ", "ARISS");
@@ -181,8 +202,7 @@ TEST_F(SendTest, OwnFramesAreEchoedOnSlowNetworksAndEnterTheHeardList) {
   SetData(main(), "Hello");
   parts().txPanel.Press(SendButton::DataText);
   const std::string m = monitorText();
-  EXPECT_NE(m.find("1:Fm XX9TK To CQ Via ARISS <UI pid=F0 Len=5 >[12:00:"), std::string::npos)
-      << m;
+  EXPECT_NE(m.find("1:Fm XX9TK To CQ Via ARISS <UI pid=F0 Len=5 >[12:00:"), std::string::npos) << m;
   EXPECT_NE(m.find("].\r\nHello\r\n\r\n"), std::string::npos) << m;
   EXPECT_EQ(parts().transmit.echoes(), 1);
   ASSERT_EQ(main().LstMHeardList.list.size(), 1u);
