@@ -112,9 +112,9 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("tesk"));
 
   const std::string appPath = tesk::ResolveAppPath(options);
-  const std::string problem =
+  const std::string note =
       tesk::PrepareAppPath(appPath, QCoreApplication::applicationDirPath().toStdString());
-  if (!problem.empty()) std::fprintf(stderr, "tesk: %s\n", problem.c_str());
+  if (!note.empty()) std::fprintf(stderr, "tesk: %s\n", note.c_str());
 
   tesk::QtPlatform platform(
       options.headless, tesk::QtPlatform::DescribeSystem(options.commandLine, options.headless));
