@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
@@ -30,6 +32,10 @@ std::unique_ptr<QCoreApplication> MakeApplication(bool headless, int& argc, char
   auto app = std::make_unique<QApplication>(argc, argv);
   // Boxes shown before the main window must not end the program when they close.
   app->setQuitOnLastWindowClosed(false);
+  // Ties the windows to the installed desktop entry, and gives them its icon where the icon
+  // theme has it (an installed TESK); a build tree's windows simply go without.
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.tesk.Tesk"));
+  app->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.tesk.Tesk")));
   return app;
 }
 
