@@ -15,6 +15,8 @@ PACKAGES=(
   direwolf python3
   # windows on a machine without a screen, and screenshots of them
   xvfb xauth imagemagick fonts-dejavu-core
+  # the Debian package: the 128 px icon, and the checks of the desktop entry, metainfo and .deb
+  librsvg2-bin desktop-file-utils appstream lintian dpkg-dev file
 )
 
 missing=()

@@ -1,6 +1,8 @@
 // TCP connections of the simulated engine.
 #include "sim/qt_agw_listener.h"
 
+#include "base/shared_files.h"
+
 #include <QHostAddress>
 #include <QTcpSocket>
 #include <filesystem>
@@ -62,15 +64,15 @@ void QtAgwListener::onNewConnection() {
 
 std::string FindDefaultPass(const std::string& programFolder, const std::string& exeDir) {
   namespace fs = std::filesystem;
-  const fs::path candidates[] = {
-      fs::path(programFolder) / "passes" / "default.pass",
-      fs::path(exeDir) / ".." / "share" / "tesk" / "data" / "passes" / "default.pass",
-      fs::path(TESK_SOURCE_DIR) / "data" / "passes" / "default.pass"};
   std::error_code ec;
-  for (const fs::path& p : candidates)
-    if (!programFolder.empty() || p != candidates[0])
-      if (fs::is_regular_file(p, ec)) return p.lexically_normal().string();
-  return "";
+  if (!programFolder.empty()) {
+    const fs::path own = fs::path(programFolder) / "passes" / "default.pass";
+    if (fs::is_regular_file(own, ec)) return own.lexically_normal().string();
+  }
+  const fs::path shared = FindSharedFiles(exeDir).found;
+  if (shared.empty()) return "";
+  const fs::path pass = shared / "passes" / "default.pass";
+  return fs::is_regular_file(pass, ec) ? pass.lexically_normal().string() : "";
 }
 
 }  // namespace tesk::sim

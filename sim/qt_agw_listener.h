@@ -24,7 +24,7 @@ class QtAgwListener : public QObject {
   QTcpServer m_server;
 };
 
-// Where the default pass is: the program folder's copy, then the shipped data files.
+// Where the default pass is: the program folder's copy, then the shared files' one.
 std::string FindDefaultPass(const std::string& programFolder, const std::string& exeDir);
 
 }  // namespace tesk::sim

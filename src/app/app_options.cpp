@@ -1,6 +1,8 @@
 // Command-line options and the program folder.
 #include "app/app_options.h"
 
+#include "base/shared_files.h"
+
 #include <QStandardPaths>
 #include <cstdlib>
 #include <filesystem>
@@ -70,16 +72,14 @@ std::string PrepareAppPath(const std::string& appPath, const std::string& exeDir
   if (!existed && !fs::create_directories(appPath, ec)) {
     return "cannot create the program folder " + appPath + ": " + ec.message();
   }
+  // A folder the operator already uses is never written over.
   if (existed && !fs::is_empty(appPath, ec)) return "";
-  const fs::path candidates[] = {fs::path(TESK_SOURCE_DIR) / "data",
-                                 fs::path(exeDir) / ".." / "share" / "tesk" / "data"};
-  for (const fs::path& data : candidates) {
-    if (!fs::is_directory(data, ec)) continue;
-    fs::copy(data, appPath, fs::copy_options::recursive | fs::copy_options::skip_existing, ec);
-    if (ec) return "cannot copy " + data.string() + " to " + appPath + ": " + ec.message();
-    break;
-  }
-  return "";
+  const SharedFilesSearch shared = FindSharedFiles(exeDir);
+  if (shared.found.empty()) return DescribeMissingSharedFiles(shared);
+  fs::copy(shared.found, appPath, fs::copy_options::recursive | fs::copy_options::skip_existing,
+           ec);
+  if (ec) return "cannot copy " + shared.found.string() + " to " + appPath + ": " + ec.message();
+  return "filled the new program folder " + appPath + " from " + shared.found.string();
 }
 
 }  // namespace tesk

@@ -23,8 +23,9 @@ AppOptions ParseAppOptions(const std::vector<std::string>& args);
 // --home, else $TESK_HOME, else ~/.local/share/tesk; no trailing "/".
 std::string ResolveAppPath(const AppOptions& options);
 
-// Creates `appPath` when missing and copies the data files into it when it is new (or empty).
-// Returns an error text, empty on success.
+// Creates `appPath` when missing and copies the shared files into it when it is new (or empty).
+// Returns a line for the operator: what was filled from where, or what went wrong (the program
+// runs on either way); empty when the folder was already in use.
 std::string PrepareAppPath(const std::string& appPath, const std::string& exeDir);
 
 extern const char* const kUsage;

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
@@ -30,6 +32,10 @@ std::unique_ptr<QCoreApplication> MakeApplication(bool headless, int& argc, char
   auto app = std::make_unique<QApplication>(argc, argv);
   // Boxes shown before the main window must not end the program when they close.
   app->setQuitOnLastWindowClosed(false);
+  // Ties the windows to the installed desktop entry, and gives them its icon where the icon
+  // theme has it (an installed TESK); a build tree's windows simply go without.
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.tesk.Tesk"));
+  app->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.tesk.Tesk")));
   return app;
 }
 
@@ -119,9 +125,9 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("tesk"));
 
   const std::string appPath = tesk::ResolveAppPath(options);
-  const std::string problem =
+  const std::string note =
       tesk::PrepareAppPath(appPath, QCoreApplication::applicationDirPath().toStdString());
-  if (!problem.empty()) std::fprintf(stderr, "tesk: %s\n", problem.c_str());
+  if (!note.empty()) std::fprintf(stderr, "tesk: %s\n", note.c_str());
 
   tesk::QtPlatform platform(
       options.headless, tesk::QtPlatform::DescribeSystem(options.commandLine, options.headless));
