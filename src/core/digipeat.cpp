@@ -66,12 +66,12 @@ void Digipeat::mnuShowDigiStatuss_Click() {
 }
 
 void Digipeat::RegisterCommands(CommandTable& commands) {
-  CommandSpec spec;
-  spec.key = {Command::mnuShowDigiStatuss};
-  spec.item = &m_main.mnuShowDigiStatuss;
-  spec.caption = m_main.mnuShowDigiStatuss.caption;
-  spec.handler = [this](const std::string&) { mnuShowDigiStatuss_Click(); };
-  commands.add(std::move(spec));
+  CommandSpec desc;
+  desc.key = {Command::mnuShowDigiStatuss};
+  desc.item = &m_main.mnuShowDigiStatuss;
+  desc.caption = m_main.mnuShowDigiStatuss.caption;
+  desc.handler = [this](const std::string&) { mnuShowDigiStatuss_Click(); };
+  commands.add(std::move(desc));
 }
 
 }  // namespace tesk

@@ -423,14 +423,14 @@ void MonitorConsole::RegisterCommands(CommandTable& commands) {
       {Command::txtMonitor_PopupClosed, &MonitorConsole::txtMonitor_PopupClosed},
   };
   for (const auto& [command, click] : clicks) {
-    CommandSpec spec;
-    spec.key = {command};
-    spec.handler = [this, click = click](const std::string&) { (this->*click)(); };
+    CommandSpec desc;
+    desc.key = {command};
+    desc.handler = [this, click = click](const std::string&) { (this->*click)(); };
     if (command == Command::ExportToASCII) {
-      spec.item = &m_main.ExportToASCII;
-      spec.enabled = WhileEnabled(m_main.ExportToASCII);
+      desc.item = &m_main.ExportToASCII;
+      desc.enabled = WhileEnabled(m_main.ExportToASCII);
     }
-    commands.add(std::move(spec));
+    commands.add(std::move(desc));
   }
   const auto edits = [this](int i) { menuedits_Click(i); };
   const std::pair<int, const char*> rows[] = {{0, "&Undo"},

@@ -88,14 +88,14 @@ void MonitorFind::menufindcount_Click() {
 void MonitorFind::RegisterCommands(CommandTable& commands) {
   const auto add = [&commands](Command command, std::string caption, std::string shortcut,
                                MenuItem* item, std::function<void()> run) {
-    CommandSpec spec;
-    spec.key = {command};
-    spec.caption = std::move(caption);
-    spec.shortcut = std::move(shortcut);
-    spec.item = item;
-    if (item != nullptr) spec.enabled = WhileEnabled(*item);
-    spec.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(spec));
+    CommandSpec desc;
+    desc.key = {command};
+    desc.caption = std::move(caption);
+    desc.shortcut = std::move(shortcut);
+    desc.item = item;
+    if (item != nullptr) desc.enabled = WhileEnabled(*item);
+    desc.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(desc));
   };
   add(Command::cmdFind, {}, {}, nullptr, [this] { ShowForMonitor(); });
   add(Command::menufind, "&Find...", "Ctrl+F", &m_main.menufind, [this] { ShowForMonitor(); });

@@ -201,11 +201,11 @@ void MHeardList::AutoClearTick() {
 
 void MHeardList::RegisterCommands(CommandTable& commands) {
   const auto add = [&commands](Command command, const Control& control, std::function<void()> run) {
-    CommandSpec spec;
-    spec.key = {command};
-    spec.enabled = WhileEnabled(control);
-    spec.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(spec));
+    CommandSpec desc;
+    desc.key = {command};
+    desc.enabled = WhileEnabled(control);
+    desc.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(desc));
   };
   add(Command::cmdMHeardClear, m_main.cmdMHeardClear, [this] { cmdMHeardClear_Click(); });
   add(Command::cmdMheardSave, m_main.cmdMheardSave, [this] { cmdMheardSave_Click(); });

@@ -220,11 +220,11 @@ void LanSetup::refresh() {
 }
 
 void LanSetup::RegisterCommands(CommandTable& commands) {
-  CommandSpec spec;
-  spec.key = {Command::mnuLanSetup};
-  spec.caption = "&LAN Settings...";
-  spec.handler = [this](const std::string&) { Show(); };
-  commands.add(std::move(spec));
+  CommandSpec desc;
+  desc.key = {Command::mnuLanSetup};
+  desc.caption = "&LAN Settings...";
+  desc.handler = [this](const std::string&) { Show(); };
+  commands.add(std::move(desc));
 }
 
 }  // namespace tesk

@@ -17,43 +17,43 @@ std::string Lower(std::string s) {
 
 }  // namespace
 
-bool CommandTable::add(CommandSpec spec) {
-  const CommandKey key = spec.key;
-  spec.console = Lower(spec.console);
+bool CommandTable::add(CommandSpec desc) {
+  const CommandKey key = desc.key;
+  desc.console = Lower(desc.console);
   const auto it = m_entries.find(key);
   if (it == m_entries.end()) {
-    m_entries.emplace(key, std::move(spec));
+    m_entries.emplace(key, std::move(desc));
     return true;
   }
   // A command registered before it was built is filled by its subsystem, once.
-  if (it->second.built || !spec.built) return false;
-  if (spec.item == nullptr) spec.item = it->second.item;
-  if (spec.caption.empty()) spec.caption = it->second.caption;
-  it->second = std::move(spec);
+  if (it->second.built || !desc.built) return false;
+  if (desc.item == nullptr) desc.item = it->second.item;
+  if (desc.caption.empty()) desc.caption = it->second.caption;
+  it->second = std::move(desc);
   return true;
 }
 
 bool CommandTable::addUnbuilt(CommandKey key, std::string caption, MenuItem* item) {
-  CommandSpec spec;
-  spec.key = key;
-  spec.caption = std::move(caption);
-  spec.built = false;
-  spec.item = item;
-  return add(std::move(spec));
+  CommandSpec desc;
+  desc.key = key;
+  desc.caption = std::move(caption);
+  desc.built = false;
+  desc.item = item;
+  return add(std::move(desc));
 }
 
 bool CommandTable::addRow(Command command, MenuArray& rows, int index, std::string caption,
                           std::function<void(int index)> handler, std::function<bool()> also) {
   MenuItem& item = rows[index];
-  CommandSpec spec;
-  spec.key = {command, index};
-  spec.caption = std::move(caption);
-  spec.handler = [handler = std::move(handler), index](const std::string&) { handler(index); };
-  spec.enabled = [&item, also = std::move(also)] {
+  CommandSpec desc;
+  desc.key = {command, index};
+  desc.caption = std::move(caption);
+  desc.handler = [handler = std::move(handler), index](const std::string&) { handler(index); };
+  desc.enabled = [&item, also = std::move(also)] {
     return item.enabled && item.visible && (!also || also());
   };
-  spec.item = &item;
-  return add(std::move(spec));
+  desc.item = &item;
+  return add(std::move(desc));
 }
 
 bool CommandTable::has(CommandKey key) const {
@@ -66,9 +66,9 @@ const CommandSpec* CommandTable::find(CommandKey key) const {
 }
 
 bool CommandTable::enabled(CommandKey key) const {
-  const CommandSpec* spec = find(key);
-  if (spec == nullptr || !spec->built || !spec->handler) return false;
-  return !spec->enabled || spec->enabled();
+  const CommandSpec* desc = find(key);
+  if (desc == nullptr || !desc->built || !desc->handler) return false;
+  return !desc->enabled || desc->enabled();
 }
 
 bool CommandTable::run(CommandKey key, const std::string& argument) {
@@ -82,16 +82,16 @@ bool CommandTable::run(CommandKey key, const std::string& argument) {
 const CommandSpec* CommandTable::findConsole(const std::string& name) const {
   const std::string wanted = Lower(name);
   if (wanted.empty()) return nullptr;
-  for (const auto& [key, spec] : m_entries) {
-    if (spec.console == wanted) return &spec;
+  for (const auto& [key, desc] : m_entries) {
+    if (desc.console == wanted) return &desc;
   }
   return nullptr;
 }
 
 std::vector<std::string> CommandTable::consoleUsages() const {
   std::vector<std::pair<std::string, std::string>> named;
-  for (const auto& [key, spec] : m_entries) {
-    if (!spec.console.empty()) named.emplace_back(spec.console, spec.usage);
+  for (const auto& [key, desc] : m_entries) {
+    if (!desc.console.empty()) named.emplace_back(desc.console, desc.usage);
   }
   std::sort(named.begin(), named.end());
   std::vector<std::string> usages;
@@ -102,7 +102,7 @@ std::vector<std::string> CommandTable::consoleUsages() const {
 
 std::vector<CommandKey> CommandTable::keys() const {
   std::vector<CommandKey> all;
-  for (const auto& [key, spec] : m_entries)
+  for (const auto& [key, desc] : m_entries)
     all.push_back(key);
   return all;
 }

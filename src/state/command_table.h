@@ -123,7 +123,7 @@ class CommandTable {
  public:
   // False when the key is registered already: each command is registered once. A command
   // registered unbuilt is filled by the first built registration of its key.
-  bool add(CommandSpec spec);
+  bool add(CommandSpec desc);
   // A command registered before its routine is built: its row shows grey, as a disabled one.
   bool addUnbuilt(CommandKey key, std::string caption = {}, MenuItem* item = nullptr);
   // A row of an indexed menu: the handler gets the row's index, the rule is the row's flags.

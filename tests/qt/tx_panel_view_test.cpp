@@ -48,10 +48,10 @@ class TxPanelViewTest : public ::testing::Test {
   }
   // Registers what a send button's command runs.
   void sender(Command command, std::function<void()> run) {
-    CommandSpec spec;
-    spec.key = {command};
-    spec.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(spec));
+    CommandSpec desc;
+    desc.key = {command};
+    desc.handler = [run = std::move(run)](const std::string&) { run(); };
+    commands.add(std::move(desc));
   }
   // Lets the panel's queued change handlers run.
   static void settle() { QCoreApplication::processEvents(); }

@@ -13,11 +13,11 @@ namespace {
 TEST(CommandTable, ACommandIsRegisteredOnceAndAnUnbuiltOneIsFilledOnce) {
   CommandTable table;
   int runs = 0;
-  CommandSpec spec;
-  spec.key = {Command::cmdFind};
-  spec.handler = [&runs](const std::string&) { ++runs; };
-  EXPECT_TRUE(table.add(spec));
-  EXPECT_FALSE(table.add(spec));  // a second registration is refused
+  CommandSpec desc;
+  desc.key = {Command::cmdFind};
+  desc.handler = [&runs](const std::string&) { ++runs; };
+  EXPECT_TRUE(table.add(desc));
+  EXPECT_FALSE(table.add(desc));  // a second registration is refused
   MenuItem row;
   EXPECT_TRUE(table.addUnbuilt({Command::menufiles, 40}, "Save As &Report...", &row));
   EXPECT_FALSE(table.enabled({Command::menufiles, 40}));

@@ -148,10 +148,10 @@ void MainWindowView::refresh() {
 }
 
 void MainWindowView::setCommand(CommandKey key, std::function<void()> handler) {
-  CommandSpec spec;
-  spec.key = key;
-  spec.handler = [handler = std::move(handler)](const std::string&) { handler(); };
-  commands().add(std::move(spec));
+  CommandSpec desc;
+  desc.key = key;
+  desc.handler = [handler = std::move(handler)](const std::string&) { handler(); };
+  commands().add(std::move(desc));
   refresh();
 }
 

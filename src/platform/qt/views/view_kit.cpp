@@ -32,13 +32,13 @@ void ViewKit::press(Command command) {
 }
 
 QAction* ViewKit::addAction(QMenu* menu, CommandKey key, const QString& fallback) {
-  const CommandSpec* spec = m_commands.find(key);
+  const CommandSpec* desc = m_commands.find(key);
   const QString caption =
-      spec != nullptr && !spec->caption.empty() ? ToQString(spec->caption) : fallback;
+      desc != nullptr && !desc->caption.empty() ? ToQString(desc->caption) : fallback;
   auto* action = new QAction(caption, menu);
   menu->addAction(action);
-  if (spec != nullptr && !spec->shortcut.empty())
-    action->setShortcut(QKeySequence(ToQString(spec->shortcut)));
+  if (desc != nullptr && !desc->shortcut.empty())
+    action->setShortcut(QKeySequence(ToQString(desc->shortcut)));
   QObject::connect(action, &QAction::triggered, menu, [this, key]() { run(key); });
   m_actions.push_back({key, action, caption});
   return action;
@@ -64,8 +64,8 @@ void ViewKit::paint() {
     b.widget->setEnabled(b.data->enabled && m_commands.enabled({b.command}));
   }
   for (ActionEntry& e : m_actions) {
-    const CommandSpec* spec = m_commands.find(e.key);
-    const MenuItem* item = spec != nullptr ? spec->item : nullptr;
+    const CommandSpec* desc = m_commands.find(e.key);
+    const MenuItem* item = desc != nullptr ? desc->item : nullptr;
     e.action->setText(item && !item->caption.empty() ? ToQString(item->caption) : e.caption);
     e.action->setCheckable(item != nullptr && item->checked);
     e.action->setChecked(item != nullptr && item->checked);
