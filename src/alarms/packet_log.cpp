@@ -266,14 +266,8 @@ void PacketLog::RegisterCommands(CommandTable& commands) {
   for (const auto& [index, caption] : opens)
     commands.addRow(Command::mnuOpenLog, m_main.mnuOpenLog, index, caption,
                     [this](int i) { mnuOpenLog_Click(i); });
-  CommandSpec dbl;
-  dbl.key = {Command::AutoLogLabel_DblClick};
-  dbl.handler = [this](const std::string&) { AutoLogLabel_DblClick(); };
-  commands.add(std::move(dbl));
-  CommandSpec right;
-  right.key = {Command::AutoLogLabel_RightPress};
-  right.handler = [this](const std::string&) { AutoLogLabel_RightPress(); };
-  commands.add(std::move(right));
+  commands.addClick({Command::AutoLogLabel_DblClick}, [this] { AutoLogLabel_DblClick(); });
+  commands.addClick({Command::AutoLogLabel_RightPress}, [this] { AutoLogLabel_RightPress(); });
 }
 
 }  // namespace tesk

@@ -238,10 +238,7 @@ void HeardReports::RegisterCommands(CommandTable& commands) {
   send.enabled = WhileEnabled(m_main.cmdTXMHeard);
   send.handler = [this](const std::string&) { cmdTXMHeard_Click(); };
   commands.add(std::move(send));
-  CommandSpec right;
-  right.key = {Command::cmdTXMHeard_RightPress};
-  right.handler = [this](const std::string&) { cmdTXMHeard_RightPress(); };
-  commands.add(std::move(right));
+  commands.addClick({Command::cmdTXMHeard_RightPress}, [this] { cmdTXMHeard_RightPress(); });
   // The last entry opens the setup's MHeard page, so it works only once that page is there.
   const auto setupThere = [this] { return static_cast<bool>(m_parts.heardList.openSetupMHeard); };
   for (int i = 0; i <= kTypes; ++i) {

@@ -201,11 +201,7 @@ void MHeardList::AutoClearTick() {
 
 void MHeardList::RegisterCommands(CommandTable& commands) {
   const auto add = [&commands](Command command, const Control& control, std::function<void()> run) {
-    CommandSpec desc;
-    desc.key = {command};
-    desc.enabled = WhileEnabled(control);
-    desc.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(desc));
+    commands.addClick({command}, std::move(run), WhileEnabled(control));
   };
   add(Command::cmdMHeardClear, m_main.cmdMHeardClear, [this] { cmdMHeardClear_Click(); });
   add(Command::cmdMheardSave, m_main.cmdMheardSave, [this] { cmdMheardSave_Click(); });

@@ -61,14 +61,8 @@ void Ports::imgTXPortSelector_Click() {
 }
 
 void Ports::RegisterCommands(CommandTable& commands) {
-  CommandSpec tx;
-  tx.key = {Command::imgTXPortSelector};
-  tx.handler = [this](const std::string&) { imgTXPortSelector_Click(); };
-  commands.add(std::move(tx));
-  CommandSpec rx;
-  rx.key = {Command::imgRXPortSelector};
-  rx.handler = [this](const std::string&) { imgRXPortSelector_Click(); };
-  commands.add(std::move(rx));
+  commands.addClick({Command::imgTXPortSelector}, [this] { imgTXPortSelector_Click(); });
+  commands.addClick({Command::imgRXPortSelector}, [this] { imgRXPortSelector_Click(); });
   for (int i = 0; i < kRows; ++i) {
     const std::string port = "Port " + std::to_string(i + 1);
     commands.addRow(Command::menuAgwport, m_main.menuAgwport, i, port,

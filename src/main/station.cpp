@@ -137,11 +137,8 @@ void Station::RegisterCommands() {
   c.add(std::move(quit));
   // A plain line is what typing into Text/data and Enter do.
   TxPanel& panel = p.txPanel;
-  p.console.setPlainLine([&panel](const std::string& text) {
-    panel.box(TxField::DataText).text = text;
-    panel.Change(TxField::DataText);
-    panel.KeyDown(TxField::DataText, kKeyReturn);
-  });
+  p.console.setPlainLine(
+      [&panel](const std::string& text) { panel.TypeAndEnter(TxField::DataText, text); });
 }
 
 }  // namespace tesk

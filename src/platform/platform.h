@@ -152,8 +152,6 @@ class Views {
   virtual void hide(WindowKind window) = 0;
   // The data of `window` changed: repaint it.
   virtual void refresh(WindowKind window) = 0;
-  // The data of any window may have changed: repaint every one that is up.
-  virtual void refreshAll() = 0;
   // A line for the operator in headless mode (a note, a status); the GUI ignores it.
   virtual void notice(const std::string& text) = 0;
 };

@@ -42,6 +42,15 @@ bool CommandTable::addUnbuilt(CommandKey key, std::string caption, MenuItem* ite
   return add(std::move(desc));
 }
 
+bool CommandTable::addClick(CommandKey key, std::function<void()> run,
+                            std::function<bool()> enabled) {
+  CommandSpec desc;
+  desc.key = key;
+  desc.handler = [run = std::move(run)](const std::string&) { run(); };
+  desc.enabled = std::move(enabled);
+  return add(std::move(desc));
+}
+
 bool CommandTable::addRow(Command command, MenuArray& rows, int index, std::string caption,
                           std::function<void(int index)> handler, std::function<bool()> also) {
   MenuItem& item = rows[index];

@@ -126,6 +126,9 @@ class CommandTable {
   bool add(CommandSpec desc);
   // A command registered before its routine is built: its row shows grey, as a disabled one.
   bool addUnbuilt(CommandKey key, std::string caption = {}, MenuItem* item = nullptr);
+  // A command with no argument and no caption of its own (a button, a label's click); without
+  // a rule it is always enabled.
+  bool addClick(CommandKey key, std::function<void()> run, std::function<bool()> enabled = {});
   // A row of an indexed menu: the handler gets the row's index, the rule is the row's flags.
   // `also`, when given, is a further condition (the window the row opens exists).
   bool addRow(Command command, MenuArray& rows, int index, std::string caption,

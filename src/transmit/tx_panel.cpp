@@ -470,22 +470,23 @@ void TxPanel::cmdEditTXData_Click(int selector) {
   m_editor.Open(selector);
 }
 
+void TxPanel::TypeAndEnter(TxField field, const std::string& text) {
+  box(field).text = text;
+  Change(field);
+  KeyDown(field, kKeyReturn);
+}
+
 // ---- the commands ----------------------------------------------------------------------------
 
 void TxPanel::RegisterCommands(CommandTable& commands) {
-  for (int i = 0; i < 3; ++i) {
-    CommandSpec edit;
-    edit.key = {Command::cmdEditTXData, i};
-    edit.enabled = WhileEnabled(m_main.cmdEditTXData[i]);
-    edit.handler = [this, i](const std::string&) { cmdEditTXData_Click(i); };
-    commands.add(std::move(edit));
-  }
+  for (int i = 0; i < 3; ++i)
+    commands.addClick(
+        {Command::cmdEditTXData, i}, [this, i] { cmdEditTXData_Click(i); },
+        WhileEnabled(m_main.cmdEditTXData[i]));
   // The console's path lines do what typing into the field and Enter do in the window, and
   // then say the path that is in force.
   const auto enterPath = [this](TxField field, const std::string& text) {
-    box(field).text = text;
-    Change(field);
-    KeyDown(field, kKeyReturn);
+    TypeAndEnter(field, text);
     m_platform.views().notice(
         "Path: To " + m_main.cmbToCall.text +
         (Trim(m_main.cmbViaCall.text).empty() ? std::string() : " Via " + m_main.cmbViaCall.text));

@@ -92,6 +92,8 @@ class TxPanel {
   // While dragging over To, Via or Message for: may this be dropped?
   bool DropAllowed(TxField field, const std::string& data, bool isText) const;
   void Drop(TxField field, const std::string& data);
+  // What typing `text` into a field and pressing Enter do (the headless console's lines).
+  void TypeAndEnter(TxField field, const std::string& text);
   // The three list edit buttons: 0 Text/data, 1 APRS, 2 Message.
   void cmdEditTXData_Click(int selector);
 

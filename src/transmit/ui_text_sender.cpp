@@ -136,11 +136,9 @@ void UiTextSender::StuurMonitorTekst() {
 }
 
 void UiTextSender::RegisterCommands(CommandTable& commands) {
-  CommandSpec send;
-  send.key = {Command::cmdTXDataText};
-  send.enabled = WhileEnabled(m_main.cmdTXDataText);
-  send.handler = [this](const std::string&) { cmdTXDataText_Click(); };
-  commands.add(std::move(send));
+  commands.addClick(
+      {Command::cmdTXDataText}, [this] { cmdTXDataText_Click(); },
+      WhileEnabled(m_main.cmdTXDataText));
   const auto rows = [this](int row) { menusends_Click(row); };
   commands.addRow(Command::menusends, m_main.menusends, 0, "&Header only", rows);
   commands.addRow(Command::menusends, m_main.menusends, 1, "&Text/data", rows);
@@ -154,10 +152,7 @@ void UiTextSender::RegisterCommands(CommandTable& commands) {
   for (const auto& [row, caption, command] : others)
     commands.addRow(Command::menusends, m_main.menusends, row, caption, rows,
                     [this, command = command] { return m_commands.enabled({command}); });
-  CommandSpec opening;
-  opening.key = {Command::menusend};
-  opening.handler = [this](const std::string&) { menusend_Click(); };
-  commands.add(std::move(opening));
+  commands.addClick({Command::menusend}, [this] { menusend_Click(); });
   CommandSpec stop;
   stop.key = {Command::mnuStopPending};
   stop.caption = "Stop &Pending";

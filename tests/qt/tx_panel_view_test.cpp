@@ -48,10 +48,7 @@ class TxPanelViewTest : public ::testing::Test {
   }
   // Registers what a send button's command runs.
   void sender(Command command, std::function<void()> run) {
-    CommandSpec desc;
-    desc.key = {command};
-    desc.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(desc));
+    commands.addClick({command}, std::move(run));
   }
   // Lets the panel's queued change handlers run.
   static void settle() { QCoreApplication::processEvents(); }

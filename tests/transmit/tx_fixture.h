@@ -26,10 +26,7 @@ class TxPanelTest : public ::testing::Test {
 
   // Registers what a send button's command runs.
   void sender(Command command, std::function<void()> run) {
-    CommandSpec desc;
-    desc.key = {command};
-    desc.handler = [run = std::move(run)](const std::string&) { run(); };
-    commands.add(std::move(desc));
+    commands.addClick({command}, std::move(run));
   }
 
   // Numbered entries "<prefix>1" ... "<prefix>n".

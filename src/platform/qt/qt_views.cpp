@@ -69,24 +69,43 @@ QtViews::QtViews() {
 
 QtViews::~QtViews() = default;
 
+template <typename View>
+std::function<void()> QtViews::HideOf(std::unique_ptr<View>& view) {
+  return [&view] {
+    if (view) view->hide();
+  };
+}
+
+template <typename View>
+std::function<void()> QtViews::RefreshOf(std::unique_ptr<View>& view) {
+  return [&view] {
+    if (view) view->refresh();
+  };
+}
+
+template <typename Data, typename View>
+QtViews::Entry QtViews::ChildWindow(Data*& data, std::unique_ptr<View>& view, bool takeKeyboard) {
+  const auto show = [this, &data, &view, takeKeyboard] {
+    if (!view) view = std::make_unique<View>(*data, m_main.get());
+    view->refresh();
+    if (takeKeyboard) {
+      bringUp(*view);
+      return;
+    }
+    view->show();
+    view->raise();
+  };
+  return {[&data] { return data != nullptr; }, show, HideOf(view), RefreshOf(view)};
+}
+
 void QtViews::registerViews() {
   // One line a window: its data, then its view's show, hide and repaint.
-  m_registry[WindowKind::Main] = {[this] { return m_mainData != nullptr; }, [this] { showMain(); },
-                                  [this] {
-                                    if (m_main) m_main->hide();
-                                  },
-                                  [this] {
-                                    if (m_main) m_main->refresh();
-                                  }};
+  const auto mainThere = [this] { return m_mainData != nullptr; };
+  m_registry[WindowKind::Main] = {mainThere, [this] { showMain(); }, HideOf(m_main),
+                                  RefreshOf(m_main)};
   // The tray icon follows the struct's flag and tool tip.
-  m_registry[WindowKind::Tray] = {[this] { return m_mainData != nullptr; },
-                                  [this] { ensureMain().refresh(); },
-                                  [this] {
-                                    if (m_main) m_main->refresh();
-                                  },
-                                  [this] {
-                                    if (m_main) m_main->refresh();
-                                  }};
+  m_registry[WindowKind::Tray] = {mainThere, [this] { ensureMain().refresh(); }, RefreshOf(m_main),
+                                  RefreshOf(m_main)};
   m_registry[WindowKind::Splash] = {[] { return true; }, [this] { showSplash(); },
                                     [this] {
                                       if (!m_splash) return;
@@ -95,67 +114,18 @@ void QtViews::registerViews() {
                                     },
                                     [] {}};
   m_registry[WindowKind::Meld] = {[this] { return m_meldData != nullptr; }, [this] { showMeld(); },
-                                  [this] {
-                                    if (m_meld) m_meld->hide();
-                                  },
-                                  [this] {
-                                    if (m_meld) m_meld->refresh();
-                                  }};
+                                  HideOf(m_meld), RefreshOf(m_meld)};
   m_registry[WindowKind::Find] = {[this] { return m_findData != nullptr; }, [this] { showFind(); },
-                                  [this] {
-                                    if (m_find) m_find->hide();
-                                  },
-                                  [this] {
-                                    if (m_find) m_find->refresh();
-                                  }};
-  m_registry[WindowKind::ViewHeard] = {[this] { return m_viewHeardData != nullptr; },
-                                       [this] {
-                                         if (!m_viewHeard)
-                                           m_viewHeard = std::make_unique<ViewHeardView>(
-                                               *m_viewHeardData, m_main.get());
-                                         m_viewHeard->refresh();
-                                         m_viewHeard->show();
-                                         m_viewHeard->raise();
-                                       },
-                                       [this] {
-                                         if (m_viewHeard) m_viewHeard->hide();
-                                       },
-                                       [this] {
-                                         if (m_viewHeard) m_viewHeard->refresh();
-                                       }};
-  m_registry[WindowKind::LanSetup] = {[this] { return m_lanData != nullptr; },
-                                      [this] {
-                                        if (!m_lanSetup)
-                                          m_lanSetup = std::make_unique<LanSetupView>(*m_lanData,
-                                                                                      m_main.get());
-                                        m_lanSetup->refresh();
-                                        bringUp(*m_lanSetup);
-                                      },
-                                      [this] {
-                                        if (m_lanSetup) m_lanSetup->hide();
-                                      },
-                                      [this] {
-                                        if (m_lanSetup) m_lanSetup->refresh();
-                                      }};
-  m_registry[WindowKind::EditTXData] = {[this] { return m_editorData != nullptr; },
-                                        [this] {
-                                          if (!m_editTXData)
-                                            m_editTXData = std::make_unique<EditTXDataView>(
-                                                *m_editorData, m_main.get());
-                                          m_editTXData->refresh();
-                                          bringUp(*m_editTXData);
-                                        },
-                                        [this] {
-                                          if (m_editTXData) m_editTXData->hide();
-                                        },
-                                        [this] {
-                                          if (m_editTXData) m_editTXData->refresh();
-                                        }};
+                                  HideOf(m_find), RefreshOf(m_find)};
+  // The details stay beside the main window without taking the keyboard.
+  m_registry[WindowKind::ViewHeard] = ChildWindow(m_viewHeardData, m_viewHeard, false);
+  m_registry[WindowKind::LanSetup] = ChildWindow(m_lanData, m_lanSetup, true);
+  m_registry[WindowKind::EditTXData] = ChildWindow(m_editorData, m_editTXData, true);
   // The port rows pop up beside their selectors in the main window's status strip.
-  m_registry[WindowKind::TxPortPopup] = {[this] { return m_mainData != nullptr; },
-                                         [this] { ensureMain().popupPorts(true); }, [] {}, [] {}};
-  m_registry[WindowKind::RxPortPopup] = {[this] { return m_mainData != nullptr; },
-                                         [this] { ensureMain().popupPorts(false); }, [] {}, [] {}};
+  m_registry[WindowKind::TxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(true); },
+                                         [] {}, [] {}};
+  m_registry[WindowKind::RxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(false); },
+                                         [] {}, [] {}};
 }
 
 bool QtViews::hasView(WindowKind kind) const {
@@ -179,11 +149,6 @@ void QtViews::hide(WindowKind window) {
 
 void QtViews::refresh(WindowKind window) {
   if (hasView(window)) m_registry.at(window).refresh();
-}
-
-void QtViews::refreshAll() {
-  for (WindowKind kind : kWindowKinds)
-    refresh(kind);
 }
 
 void QtViews::attachMainWindow(MainWindow& data, CommandTable& commands,

@@ -38,7 +38,6 @@ class QtViews : public Views {
   void show(WindowKind window) override;
   void hide(WindowKind window) override;
   void refresh(WindowKind window) override;
-  void refreshAll() override;
   void notice(const std::string&) override {}
 
   // True when the registry has a view for `kind` and the data it renders is attached.
@@ -70,6 +69,14 @@ class QtViews : public Views {
     std::function<void()> show, hide, refresh;
   };
   void registerViews();
+  // The hide and repaint of a view made on first use, and the whole line of a window that is a
+  // child of the main window and renders `data`.
+  template <typename View>
+  static std::function<void()> HideOf(std::unique_ptr<View>& view);
+  template <typename View>
+  static std::function<void()> RefreshOf(std::unique_ptr<View>& view);
+  template <typename Data, typename View>
+  Entry ChildWindow(Data*& data, std::unique_ptr<View>& view, bool takeKeyboard);
   MainWindowView& ensureMain();
   void showMain();
   void showMeld();
@@ -108,7 +115,6 @@ class HeadlessViews : public Views {
   void show(WindowKind) override {}
   void hide(WindowKind) override {}
   void refresh(WindowKind) override {}
-  void refreshAll() override {}
   void notice(const std::string& text) override;
 
  private:

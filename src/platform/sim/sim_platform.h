@@ -126,7 +126,6 @@ class SimViews : public Views {
   void show(WindowKind window) override { shownWindows.push_back(WindowName(window)); }
   void hide(WindowKind window) override { hiddenWindows.push_back(WindowName(window)); }
   void refresh(WindowKind) override { ++refreshes; }
-  void refreshAll() override { ++refreshes; }
   void notice(const std::string& text) override { notices.push_back(text); }
   std::vector<std::string> shownWindows, hiddenWindows, notices;
   int refreshes = 0;

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/combo_items.h"
 
 namespace tesk {
 
@@ -86,26 +87,11 @@ QPushButton* EditTXDataView::addButton(Button& data, const char* name,
   return w;
 }
 
-void EditTXDataView::renderList(QListWidget* w, const ListBox& d) {
-  QStringList items;
-  for (const std::string& s : d.list)
-    items << ToQString(s);
-  QStringList shown;
-  for (int i = 0; i < w->count(); ++i)
-    shown << w->item(i)->text();
-  if (items != shown) {
-    w->clear();
-    w->addItems(items);
-  }
-  const int row = d.listIndex >= 0 && d.listIndex < w->count() ? static_cast<int>(d.listIndex) : -1;
-  if (w->currentRow() != row) w->setCurrentRow(row);
-}
-
 void EditTXDataView::refresh() {
   m_rendering = true;
   setWindowTitle(ToQString(m_data.form.caption));
-  renderList(m_entries, m_data.lstTXData);
-  renderList(m_lengths, m_data.lstLength);
+  RenderListItems(m_entries, m_data.lstTXData);
+  RenderListItems(m_lengths, m_data.lstLength);
   for (int i = 0; i < m_lengths->count(); ++i)
     m_lengths->item(i)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
   for (QListWidget* list : {m_entries, m_lengths}) {

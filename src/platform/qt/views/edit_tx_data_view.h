@@ -28,7 +28,6 @@ class EditTXDataView : public QDialog {
 
  private:
   QPushButton* addButton(Button& data, const char* name, std::function<void()> handler);
-  void renderList(QListWidget* w, const ListBox& d);
 
   EditTXData& m_editor;
   EditTXDataWindow& m_data;

@@ -16,6 +16,7 @@
 
 #include "heard/mheard_list.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/combo_items.h"
 
 namespace tesk {
 
@@ -187,25 +188,14 @@ void HeardPanelView::popup(const QPoint& at) {
 void HeardPanelView::renderList() {
   const ListBox& d = m_kit.data().LstMHeardList;
   const QSignalBlocker block(m_list);
-  QStringList items;
-  for (const std::string& s : d.list)
-    items << ToQString(s);
-  bool same = m_list->count() == items.size();
-  for (int i = 0; same && i < items.size(); ++i)
-    same = m_list->item(i)->text() == items[i];
-  if (!same) {
-    m_list->clear();
-    m_list->addItems(items);
+  if (RenderListItems(m_list, d)) {
     // The list grows to show a whole row beside its vertical scroll bar: a date in the
     // desktop's form can be longer than the space first given, and a cut-off time helps nobody.
     const int rowWidth = m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() +
                          m_list->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     if (rowWidth > m_list->minimumWidth()) m_list->setMinimumWidth(rowWidth);
   }
-  const int row =
-      d.listIndex >= 0 && d.listIndex < m_list->count() ? static_cast<int>(d.listIndex) : -1;
-  if (m_list->currentRow() != row) m_list->setCurrentRow(row);
-  if (row >= 0) m_list->scrollToItem(m_list->item(row));
+  if (m_list->currentRow() >= 0) m_list->scrollToItem(m_list->currentItem());
   m_list->setToolTip(ToQString(d.toolTip));
   PaintColors(m_list, d, QPalette::Text, QPalette::Base);
   m_list->setAutoFillBackground(false);

@@ -148,10 +148,7 @@ void MainWindowView::refresh() {
 }
 
 void MainWindowView::setCommand(CommandKey key, std::function<void()> handler) {
-  CommandSpec desc;
-  desc.key = key;
-  desc.handler = [handler = std::move(handler)](const std::string&) { handler(); };
-  commands().add(std::move(desc));
+  commands().addClick(key, std::move(handler));
   refresh();
 }
 

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/views/combo_items.h"
 
 namespace tesk {
 
@@ -91,19 +92,7 @@ void ViewHeardView::refresh() {
     const ListBox& d = w.LstViewHeard[i];
     QListWidget* box = m_boxes[i];
     const QSignalBlocker block(box);
-    QStringList items;
-    for (const std::string& s : d.list)
-      items << ToQString(s);
-    bool same = box->count() == items.size();
-    for (int r = 0; same && r < items.size(); ++r)
-      same = box->item(r)->text() == items[r];
-    if (!same) {
-      box->clear();
-      box->addItems(items);
-    }
-    const int row =
-        d.listIndex >= 0 && d.listIndex < box->count() ? static_cast<int>(d.listIndex) : -1;
-    if (box->currentRow() != row) box->setCurrentRow(row);
+    RenderListItems(box, d);
     box->setVisible(d.visible);
     const QSignalBlocker blockOption(m_options[i]);
     m_options[i]->setChecked(w.OptMHSort[i].value);
