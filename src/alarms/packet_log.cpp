@@ -8,7 +8,7 @@
 
 #include "alarms/date_stamp.h"
 #include "base/text.h"
-#include "main/platform_helpers.h"
+#include "platform/platform_helpers.h"
 
 namespace tesk {
 

@@ -1,7 +1,7 @@
 // The sound table's paths and the asynchronous player hand-off.
 #include "alarms/sound_table.h"
 
-#include "main/platform_helpers.h"
+#include "platform/platform_helpers.h"
 
 namespace tesk {
 

@@ -11,9 +11,15 @@ using Color = int32_t;  // signed: system colour codes such as 0x80000016 print 
 constexpr Color RGB(int r, int g, int b) {
   return static_cast<Color>((r & 0xFF) | ((g & 0xFF) << 8) | ((b & 0xFF) << 16));
 }
-constexpr int RedOf(Color c) { return c & 0xFF; }
-constexpr int GreenOf(Color c) { return (c >> 8) & 0xFF; }
-constexpr int BlueOf(Color c) { return (c >> 16) & 0xFF; }
+constexpr int RedOf(Color c) {
+  return c & 0xFF;
+}
+constexpr int GreenOf(Color c) {
+  return (c >> 8) & 0xFF;
+}
+constexpr int BlueOf(Color c) {
+  return (c >> 16) & 0xFF;
+}
 
 // QBColor(n) for n in 0..15; other values give black.
 Color QBColor(int n);

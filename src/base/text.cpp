@@ -200,6 +200,15 @@ long InStr(long start, std::string_view s, std::string_view find) {
   return at == std::string_view::npos ? 0 : static_cast<long>(at) + 1;
 }
 
+long InstrCount(std::string_view text, std::string_view word) {
+  if (word.empty()) return 0;
+  if (text.empty()) return -1;
+  long count = 0;
+  for (long at = InStr(text, word); at > 0; at = InStr(at + Len(word), text, word))
+    ++count;
+  return count;
+}
+
 long InStrRev(std::string_view s, std::string_view find) {
   if (s.empty()) return 0;
   if (find.empty()) return SafeLen(s);

@@ -24,6 +24,9 @@ long InStr(std::string_view s, std::string_view find);
 long InStr(long start, std::string_view s, std::string_view find);
 // InStrRev: last position of `find` in `s`, 0 when absent; an empty `find` gives Len(s).
 long InStrRev(std::string_view s, std::string_view find);
+// How often `word` stands in `text`, counted as the pieces of a split minus one: an empty text
+// gives -1 (no pieces at all), which every caller reads as "none"; an empty word gives 0.
+long InstrCount(std::string_view text, std::string_view word);
 // Trim family: blanks (0x20) only, as the BASIC runtime does; tabs and NULs stay.
 std::string Trim(std::string_view s);
 std::string LTrim(std::string_view s);

@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "beacon/beacon_scheduler.h"
 #include "core/digi_flash.h"
-#include "transmit/tx_panel.h"
 
 namespace tesk {
 
@@ -25,8 +24,8 @@ bool Digipeat::IsOwnDigipeat(const std::string& header) const {
   const long dash = InStr(own, "-");
   const std::string base = dash > 0 ? Left(own, dash - 1) : own;
   // A frame to itself, or with the call both in the path and as source, never counts.
-  if (TxPanel::InstrCount(header, base) > 1) return false;
-  if (TxPanel::InstrCount(header, "To " + base) > 1) return false;
+  if (InstrCount(header, base) > 1) return false;
+  if (InstrCount(header, "To " + base) > 1) return false;
   // The "*" and the call need not be the same path entry; the call may be the sender. Loose on
   // purpose.
   switch (m_config.OptionalDigLogSSID) {

@@ -12,7 +12,7 @@
 #include "alarms/date_stamp.h"
 #include "base/text.h"
 #include "core/utc_clock.h"
-#include "main/platform_helpers.h"
+#include "platform/platform_helpers.h"
 #include "platform/rtf.h"
 #include "settings/whole_file.h"
 #include "transmit/tx_panel.h"

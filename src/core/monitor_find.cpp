@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "transmit/tx_panel.h"
+#include "base/text.h"
 
 namespace tesk {
 
@@ -77,7 +77,7 @@ void MonitorFind::menufindcount_Click() {
     if (word.empty()) return;
     m_lastCounted = word;
     // Case-sensitive, non-overlapping and blind to word boundaries: "aa" is twice in "aaaa".
-    const long count = TxPanel::InstrCount(m_main.txtMonitor.text(), word);
+    const long count = InstrCount(m_main.txtMonitor.text(), word);
     const std::string result =
         count > 0 ? "'" + word + "' has been found " + std::to_string(count) + " time(s)"
                   : "'" + word + "' has NOT been found";

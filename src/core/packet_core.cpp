@@ -16,8 +16,8 @@
 #include "core/monitor_filters.h"
 #include "heard/mheard_list.h"
 #include "link/tcp_link.h"
-#include "main/platform_helpers.h"
 #include "modules/module_mailbox.h"
+#include "platform/platform_helpers.h"
 
 namespace tesk {
 

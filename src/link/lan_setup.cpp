@@ -5,9 +5,9 @@
 #include <cmath>
 #include <limits>
 
-#include "alarms/meld.h"
 #include "base/text.h"
 #include "link/lan_settings_file.h"
+#include "link/link_events.h"
 #include "link/modem_program.h"
 #include "link/tcp_link.h"
 
@@ -190,7 +190,7 @@ void LanSetup::Command1_Click() {
       Unload();
       return;
     }
-    m_parts.meld.ShowMeld("Activating LAN Settings", 0);
+    m_parts.events.Note("Activating LAN Settings");
     m_parts.tcpLink.AGWWinsockInitialiseLan();
     m_parts.modem.CheckForTerminal();
     Unload();

@@ -14,7 +14,7 @@
 
 namespace tesk {
 
-class Meld;
+class LinkEvents;
 class ModemProgram;
 class TcpLink;
 
@@ -33,7 +33,7 @@ class LanSetup {
  public:
   struct Parts {
     TcpLink& tcpLink;
-    Meld& meld;
+    LinkEvents& events;
     ModemProgram& modem;
   };
   static constexpr const char* kWindowName = "LAN_Setup";

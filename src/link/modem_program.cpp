@@ -4,8 +4,8 @@
 #include "link/modem_program.h"
 
 #include "base/text.h"
-#include "main/platform_helpers.h"
-#include "modules/add_ons.h"
+#include "link/link_events.h"
+#include "platform/platform_helpers.h"
 #include "settings/sequential_input.h"
 #include "settings/whole_file.h"
 
@@ -103,7 +103,7 @@ void ModemProgram::StartModemProgram() {
   }
   if (window == 0) window = FindModemWindow(shell, "Packet Engine");
   if (window != 0) return;
-  m_addOns.RunBatchApplication("/RUN" + m_config.ModemProgramPath);
+  m_events.RunProgram("/RUN" + m_config.ModemProgramPath);
   m_run.ModemStartNote = m_platform.clock().localNow().secondsSinceMidnight();
   m_main.form.visible = true;
   m_platform.views().show(WindowKind::Main);

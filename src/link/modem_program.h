@@ -13,7 +13,7 @@
 
 namespace tesk {
 
-class AddOns;
+class LinkEvents;
 
 // The modem number of the programs found in `appPath` (0 none, 1 SoundModem, 2 AGW Packet
 // Engine, 3 Dire Wolf or Packet Engine Pro). The files are tested in a fixed order and the last
@@ -38,9 +38,10 @@ void RewriteTermIni(const std::string& path, const std::string& call, const std:
 
 class ModemProgram {
  public:
+  // `events` starts the program through the add-on runner.
   ModemProgram(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
-               AddOns& addOns)
-      : m_platform(platform), m_config(config), m_run(run), m_main(main), m_addOns(addOns) {}
+               LinkEvents& events)
+      : m_platform(platform), m_config(config), m_run(run), m_main(main), m_events(events) {}
   // Load-pass step: starts the modem program unless its window is already there.
   void StartModemProgram();
   // Closes the modem program ("window" of the type's title); nothing is waited for.
@@ -54,7 +55,7 @@ class ModemProgram {
   StationConfig& m_config;
   RunState& m_run;
   MainWindow& m_main;
-  AddOns& m_addOns;
+  LinkEvents& m_events;
 };
 
 }  // namespace tesk

@@ -2,26 +2,15 @@
 // outcome in LinkStatus, the Monitor or the lamp colour, and the next step runs.
 #include "link/tcp_link.h"
 
-#include "alarms/meld.h"
 #include "base/text.h"
-#include "core/monitor_console.h"
-#include "link/transmit_primitives.h"
-#include "modules/module_mailbox.h"
 
 namespace tesk {
 
-namespace {
-constexpr Color kLampGreen = RGB(0, 170, 0);
-constexpr Color kLampRed = 255;
-}  // namespace
-
-TcpLink::TcpLink(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
-                 Parts parts)
+TcpLink::TcpLink(Platform& platform, StationConfig& config, RunState& run, LinkEvents& events)
     : m_platform(platform),
       m_config(config),
       m_run(run),
-      m_main(main),
-      m_parts(parts),
+      m_events(events),
       m_socket(platform.createSocket()) {
   m_socket->onDataArrival = [this] { onDataArrival(); };
   m_socket->onClose = [this] { onClose(); };
@@ -60,25 +49,23 @@ void TcpLink::AGWWinsockInitialiseLan() {
   const int state = m_socket->state();
   if (state != TcpSocket::Connected && state != TcpSocket::Closed) {
     m_run.LinkStatus = "Error: Connection time out";
-    m_parts.monitor.NotaInMonitor(
-        "Connection retry time-out to " + h + CRLF +
-            "Check your 'Software Modem' and LAN settings on client or server PC.",
-        0);
+    m_events.MonitorLine("Connection retry time-out to " + h + CRLF +
+                         "Check your 'Software Modem' and LAN settings on client or server PC.");
     return;
   }
   if (state == TcpSocket::Connected) {
-    m_main.frmLogoTitle.caption = "+LAN";
-    m_parts.monitor.NotaInMonitor("Connected to Server " + h, 0);
+    m_events.LampCaption("+LAN");
+    m_events.MonitorLine("Connected to Server " + h);
     const std::string call = m_config.YourCallSign;
     if (!m_config.Lan_Password.empty()) {
       AGWWinsockPasword(0, "P", m_config.Lan_Password);
       WachtEfkes(0.5);
-      m_parts.monitor.NotaInMonitor("Authorizing Password of UserID " + call + "...", 0);
+      m_events.MonitorLine("Authorizing Password of UserID " + call + "...");
     }
     if (m_config.RegisterCall != 0) {
       AGWWinsockReqRegInfo(0, "X", call);
       WachtEfkes(0.5);
-      m_parts.monitor.NotaInMonitor(call + " Registered.", 0);
+      m_events.MonitorLine(call + " Registered.");
     }
     AGWWinsockReqRegInfo(m_run.CurrentPort, "G", "");
     WachtEfkes(0.5);
@@ -86,11 +73,11 @@ void TcpLink::AGWWinsockInitialiseLan() {
     if (Len(list) > 5) list = Mid(list, 3);
     list = Replace(list, ";", std::string(";") + CRLF);
     LogEerstPoorten(list + std::string(1, '\0'));
-    m_main.frmLogoTitle.backColor = kLampGreen;
+    m_events.LampLit(true);
   } else {
-    m_parts.monitor.NotaInMonitor("Could not connect to Server " + h, 0);
+    m_events.MonitorLine("Could not connect to Server " + h);
     m_run.LinkStatus = "Error connecting Server Winsock state:" + std::to_string(state);
-    m_main.frmLogoTitle.backColor = kLampRed;
+    m_events.LampLit(false);
   }
   AGWWinsockMonitor();
 }
@@ -103,7 +90,9 @@ void TcpLink::AGWWinsockCloseOpenWAIT(double seconds) {
   m_platform.loop().sleepMs(5);
 }
 
-void TcpLink::WachtEfkes(double seconds) { m_platform.loop().waitUntil(seconds, {}); }
+void TcpLink::WachtEfkes(double seconds) {
+  m_platform.loop().waitUntil(seconds, {});
+}
 
 bool TcpLink::sendFrame(const std::vector<uint8_t>& bytes, int& error, std::string& errorText) {
   error = m_socket->send(bytes);
@@ -166,21 +155,18 @@ void TcpLink::AGWWinSockControlUI(int port, const std::string& kind, const std::
   sendFrame(BuildControlUI(port, kind, from, to, data, via), error, errorText);
   m_platform.loop().yield();
   if (m_config.Emulate_TXFrames_On_SlowNetPC != 0 && m_socket->state() == TcpSocket::Connected)
-    m_parts.transmit.EchoOwnFrame(port, from, to, data, via);
+    m_events.OwnFrameSent(port, from, to, data, via);
   if (error == TcpSocket::kNotConnected) {
-    m_parts.meld.ShowMeld(
+    m_events.Note(
         std::string("Could not establish connection with Server!") + CRLF +
-            "Current LAN Settings: Host=" + host() + " -- Port=" + std::to_string(this->port()) +
-            CRLF +
-            "Be sure the settings are correct and a 'Software Modem' is running on the Server. "
-            "Err nr:" +
-            std::to_string(error),
-        0);
+        "Current LAN Settings: Host=" + host() + " -- Port=" + std::to_string(this->port()) + CRLF +
+        "Be sure the settings are correct and a 'Software Modem' is running on the Server. "
+        "Err nr:" +
+        std::to_string(error));
     m_run.LinkStatus = "Error connecting Server";
   } else if (error != 0) {
-    m_parts.meld.ShowMeld(std::string("Error connecting to Server") + CRLF + errorText +
-                              " Error nr " + std::to_string(error),
-                          0);
+    m_events.Note(std::string("Error connecting to Server") + CRLF + errorText + " Error nr " +
+                  std::to_string(error));
     m_run.LinkStatus = "Error connecting Server";
   }
 }
@@ -190,10 +176,10 @@ void TcpLink::LogEerstPoorten(const std::string& text) {
   if (Left(text, 4) == "Port" && Val(Mid(text, 5, 1)) >= 0) {
     const std::string line = CutAtNul(text);
     m_run.EngineStatus += line + " - ";
-    m_parts.monitor.NotaInMonitor(line, 0);
+    m_events.MonitorLine(line);
     if (m_config.TESKServer != 0 || m_run.ServerSwitch != 0) {
       std::string post = text;
-      m_parts.mailbox.TESKRegistryMod(post, 2);
+      m_events.MailboxPost(post, 2);
     }
     FrameSlot_.FrameReady = 0;
   }
@@ -201,10 +187,10 @@ void TcpLink::LogEerstPoorten(const std::string& text) {
 
 void TcpLink::KlokkenTick() {
   if (LCase(Left(m_run.LinkStatus, 5)) != "error") {
-    m_main.frmLogoTitle.backColor = kLampGreen;
+    m_events.LampLit(true);
     m_retryCounter = 0;
   } else {
-    m_main.frmLogoTitle.backColor = kLampRed;
+    m_events.LampLit(false);
     m_retryCounter = static_cast<int16_t>((m_retryCounter + 1) % 10000);
     if (m_retryCounter >= 61) {
       AGWWinsockInitialiseLan();
@@ -212,10 +198,12 @@ void TcpLink::KlokkenTick() {
     }
   }
   std::string status = m_run.LinkStatus;
-  m_parts.mailbox.TESKRegistryMod(status, 7);
+  m_events.MailboxPost(status, 7);
 }
 
-void TcpLink::closeSocket() { m_socket->close(); }
+void TcpLink::closeSocket() {
+  m_socket->close();
+}
 
 void TcpLink::onDataArrival() {
   const std::size_t n = m_socket->bytesAvailable();

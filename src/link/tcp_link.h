@@ -7,27 +7,17 @@
 #include <string>
 
 #include "link/agw_frame.h"
+#include "link/link_events.h"
 #include "platform/platform.h"
 #include "settings/station_config.h"
-#include "state/main_window.h"
 #include "state/run_state.h"
 
 namespace tesk {
 
-class MonitorConsole;
-class Meld;
-class ModuleMailbox;
-class TransmitPrimitives;
-
 class TcpLink {
  public:
-  struct Parts {
-    MonitorConsole& monitor;
-    Meld& meld;
-    ModuleMailbox& mailbox;
-    TransmitPrimitives& transmit;
-  };
-  TcpLink(Platform& platform, StationConfig& config, RunState& run, MainWindow& main, Parts parts);
+  // `events` takes the Monitor lines, notes, mailbox posts, echoes and lamp changes.
+  TcpLink(Platform& platform, StationConfig& config, RunState& run, LinkEvents& events);
   ~TcpLink();
 
   void AGWWinsockInitialiseLan();
@@ -63,8 +53,7 @@ class TcpLink {
   Platform& m_platform;
   StationConfig& m_config;
   RunState& m_run;
-  MainWindow& m_main;
-  Parts m_parts;
+  LinkEvents& m_events;
   std::unique_ptr<TcpSocket> m_socket;
   int16_t m_retryCounter = 0;
 };

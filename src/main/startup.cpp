@@ -8,9 +8,9 @@
 #include "base/text.h"
 #include "core/utc_clock.h"
 #include "link/lan_settings_file.h"
-#include "main/platform_helpers.h"
 #include "main/station.h"
 #include "main/station_parts.h"
+#include "platform/platform_helpers.h"
 
 namespace tesk {
 

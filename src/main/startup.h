@@ -29,17 +29,17 @@ class Startup {
   int step() const { return m_step; }
 
  private:
-  void stepsPathsAndSettings();      // 1 to 9
-  void stepsProgramsAndWindow();     // 10 to 14
-  bool FirstRunCallSign();           // 15; false when the process ended
-  void stepsLogsAndTicks();          // 16 to 19
-  void StartLanLink();               // 20
-  bool StartDirectLink();            // 22; false when the process ended
-  void stepsCoreAndLabels();         // 23 to 26
-  void stepsMailboxAndTray();        // 27 to 30
-  void WriteCheck();                 // 31
+  void stepsPathsAndSettings();   // 1 to 9
+  void stepsProgramsAndWindow();  // 10 to 14
+  bool FirstRunCallSign();        // 15; false when the process ended
+  void stepsLogsAndTicks();       // 16 to 19
+  void StartLanLink();            // 20
+  bool StartDirectLink();         // 22; false when the process ended
+  void stepsCoreAndLabels();      // 23 to 26
+  void stepsMailboxAndTray();     // 27 to 30
+  void WriteCheck();              // 31
   void ApplyCommandLine();
-  void CheckForHelpFiles() {}        // the help files of the operator's tools (not built)
+  void CheckForHelpFiles() {}  // the help files of the operator's tools (not built)
   bool soundModemInFolder() const;
 
   Station& m_station;

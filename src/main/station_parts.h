@@ -20,6 +20,7 @@
 #include "core/monitor_filters.h"
 #include "core/monitor_find.h"
 #include "core/packet_core.h"
+#include "core/ports.h"
 #include "heard/heard_reports.h"
 #include "heard/mheard_list.h"
 #include "heard/view_heard.h"
@@ -27,13 +28,13 @@
 #include "link/lan_setup.h"
 #include "link/modem_program.h"
 #include "link/tcp_link.h"
-#include "link/transmit_primitives.h"
 #include "main/operator_console.h"
-#include "main/ports.h"
 #include "main/startup.h"
+#include "main/station_link_events.h"
 #include "modules/add_ons.h"
 #include "modules/module_mailbox.h"
 #include "settings/settings_file.h"
+#include "transmit/transmit_primitives.h"
 #include "transmit/tx_panel.h"
 #include "transmit/ui_text_sender.h"
 #include "viewport/view_port.h"
@@ -51,6 +52,7 @@ struct StationParts {
   SoundTable sounds;
   ModuleMailbox mailbox;
   TransmitPrimitives transmit;
+  StationLinkEvents linkEvents;  // where the link's lines, notes, posts and lamp go
   TcpLink tcpLink;
   AgwDirect direct;
   AddOns addOns;

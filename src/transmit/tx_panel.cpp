@@ -5,7 +5,7 @@
 
 #include "alarms/meld.h"
 #include "base/text.h"
-#include "main/ports.h"
+#include "core/ports.h"
 #include "transmit/tx_histories.h"
 
 namespace tesk {
@@ -105,17 +105,6 @@ void TxPanel::refresh() {
 }
 
 // ---- the length rule and the checks -------------------------------------------------------
-
-long TxPanel::InstrCount(const std::string& text, const std::string& word) {
-  if (word.empty()) return 0;
-  // Counted as the pieces of a split minus one: an empty text splits into no pieces at all and
-  // so gives -1, which every caller reads as "none".
-  if (text.empty()) return -1;
-  long count = 0;
-  for (long at = InStr(text, word); at > 0; at = InStr(at + Len(word), text, word))
-    ++count;
-  return count;
-}
 
 long TxPanel::CalcUI_TXlength(std::string& text, int16_t reserved, int16_t mode) const {
   const long commas = InstrCount(m_main.cmbViaCall.text, ",");

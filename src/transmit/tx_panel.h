@@ -57,7 +57,6 @@ class TxPanel {
   // ToVia, the call path of direct mode, from the To and Via fields as they stand.
   void RebuildToVia();
   static void LimitInputFields(ComboBox& field, long max);
-  static long InstrCount(const std::string& text, const std::string& word);
   void SetCoherentTXBoxColors();
   // Counters LblMaxLengte 0 to 2, for the Text/data, APRS comment and Message fields.
   void UpdateCounter(int index);

@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 #include "heard/mheard_list.h"
-#include "link/transmit_primitives.h"
+#include "transmit/transmit_primitives.h"
 #include "transmit/tx_panel.h"
 
 namespace tesk {

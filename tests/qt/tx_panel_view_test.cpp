@@ -16,7 +16,7 @@
 #include <QToolButton>
 
 #include "alarms/meld.h"
-#include "main/ports.h"
+#include "core/ports.h"
 #include "platform/qt/views/edit_tx_data_view.h"
 #include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "alarms/meld.h"
-#include "main/ports.h"
+#include "core/ports.h"
 #include "platform/sim/sim_platform.h"
 #include "transmit/tx_panel.h"
 

@@ -30,10 +30,10 @@ TEST_F(TxPanelTest, TheLengthRuleCountsTheCommasOfTheViaField) {
   EXPECT_EQ(text, std::string(59, 'x'));
 
   // The commas are counted by splitting: non-overlapping, none in an empty text.
-  EXPECT_EQ(TxPanel::InstrCount("a,b,,c", ","), 3);
-  EXPECT_EQ(TxPanel::InstrCount("aaaa", "aa"), 2);
-  EXPECT_EQ(TxPanel::InstrCount("abc", ""), 0);
-  EXPECT_EQ(TxPanel::InstrCount("", ","), -1);
+  EXPECT_EQ(InstrCount("a,b,,c", ","), 3);
+  EXPECT_EQ(InstrCount("aaaa", "aa"), 2);
+  EXPECT_EQ(InstrCount("abc", ""), 0);
+  EXPECT_EQ(InstrCount("", ","), -1);
 }
 
 TEST_F(TxPanelTest, ToAndMessageForHistoriesNormaliseCapAtFifteenAndDropTheOldest) {

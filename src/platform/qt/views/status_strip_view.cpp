@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <QToolButton>
 
-#include "main/ports.h"
+#include "core/ports.h"
 #include "platform/qt/qt_text.h"
 
 namespace tesk {

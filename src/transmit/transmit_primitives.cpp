@@ -1,6 +1,6 @@
 // The transmit primitives. Neither checks the text nor reports anything itself: a failing TCP
 // send is reported by the TCP link, a failing library call is passed over.
-#include "link/transmit_primitives.h"
+#include "transmit/transmit_primitives.h"
 
 #include <limits>
 

@@ -1,5 +1,5 @@
 // Thin platform helpers; each swallows its own failure, as the flows that call them expect.
-#include "main/platform_helpers.h"
+#include "platform/platform_helpers.h"
 
 #include <fstream>
 

@@ -1,6 +1,6 @@
 // The port rows and the port display. The transmit row asks first; the receive row tells
 // what it did in a note.
-#include "main/ports.h"
+#include "core/ports.h"
 
 #include <string>
 
