@@ -6,7 +6,7 @@
 
 #include <QApplication>
 
-#include "platform/qt/views/monitor_view.h"
+#include "qt/views/monitor_view.h"
 
 namespace {
 

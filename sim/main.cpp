@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/qt/qt_clock.h"
-#include "platform/qt/qt_event_loop.h"
+#include "qt/qt_clock.h"
+#include "qt/qt_event_loop.h"
 #include "sim/qt_agw_listener.h"
 #include "sim/sim_engine.h"
 

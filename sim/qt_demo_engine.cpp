@@ -4,8 +4,8 @@
 #include <QEventLoop>
 #include <future>
 
-#include "platform/qt/qt_clock.h"
-#include "platform/qt/qt_event_loop.h"
+#include "qt/qt_clock.h"
+#include "qt/qt_event_loop.h"
 #include "sim/qt_agw_listener.h"
 
 namespace tesk::sim {

@@ -19,9 +19,9 @@
 #include "app/signal_pipe.h"
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/console_monitor.h"
-#include "platform/qt/qt_platform.h"
-#include "platform/qt/qt_views.h"
+#include "qt/console_monitor.h"
+#include "qt/qt_platform.h"
+#include "qt/qt_views.h"
 #include "sim/qt_agw_listener.h"
 #include "sim/qt_demo_engine.h"
 

@@ -1,11 +1,11 @@
 // The headless program's boxes and console lines share one line queue on the standard input.
-#include "platform/qt/console_dialogs.h"
+#include "qt/console_dialogs.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "platform/qt/console_input.h"
-#include "platform/qt/qt_event_loop.h"
+#include "qt/console_input.h"
+#include "qt/qt_event_loop.h"
 #include "qt/qt_test_app.h"
 
 namespace tesk {

@@ -1,5 +1,5 @@
 // The headless Monitor prints each finished line once, in its runs' colours when asked.
-#include "platform/qt/console_monitor.h"
+#include "qt/console_monitor.h"
 
 #include <gtest/gtest.h>
 

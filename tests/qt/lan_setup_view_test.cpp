@@ -1,6 +1,6 @@
 // The LAN settings view renders its struct (every control, captions and tool tips) and hands the
 // operator's edits and clicks to the window's handlers; the Options menu entry opens it.
-#include "platform/qt/views/lan_setup_view.h"
+#include "qt/views/lan_setup_view.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +17,10 @@
 #include "link/lan_settings_file.h"
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/qt_text.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
 #include "qt/qt_test_app.h"
+#include "qt/qt_text.h"
+#include "qt/views/main_window_view.h"
 
 namespace tesk {
 namespace {

@@ -16,9 +16,9 @@
 
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
 #include "qt/qt_test_app.h"
+#include "qt/views/main_window_view.h"
 
 namespace tesk {
 namespace {

@@ -1,7 +1,7 @@
 // The main window's view renders its struct: the Monitor's runs in their colours (appended
 // incrementally, rebuilt on a replacement), the link lamp's colour, and the transmit fields,
 // whose edits go back into the struct.
-#include "platform/qt/views/main_window_view.h"
+#include "qt/views/main_window_view.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <QTextBlock>
 
-#include "platform/qt/qt_event_loop.h"
+#include "qt/qt_event_loop.h"
 #include "qt/qt_test_app.h"
 
 namespace tesk {

@@ -1,6 +1,6 @@
 // The note window on screen (its text, OK button, growing height, place beside the Monitor and
 // its modeless, focus-free manner), and the automatic log's label and menus in the main window.
-#include "platform/qt/views/meld_view.h"
+#include "qt/views/meld_view.h"
 
 #include <gtest/gtest.h>
 
@@ -11,10 +11,10 @@
 #include <QTest>
 
 #include "alarms/packet_log.h"
-#include "platform/qt/qt_views.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
 #include "qt/qt_test_app.h"
+#include "qt/qt_views.h"
+#include "qt/views/main_window_view.h"
 
 namespace tesk {
 namespace {

@@ -11,10 +11,10 @@
 
 #include "heard/mheard_list.h"
 #include "heard/view_heard.h"
-#include "platform/qt/views/main_window_view.h"
-#include "platform/qt/views/view_heard_view.h"
 #include "platform/sim/sim_platform.h"
 #include "qt/qt_test_app.h"
+#include "qt/views/main_window_view.h"
+#include "qt/views/view_heard_view.h"
 
 namespace tesk {
 namespace {

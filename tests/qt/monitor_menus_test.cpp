@@ -18,11 +18,11 @@
 
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/qt_services.h"
-#include "platform/qt/views/find_view.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
+#include "qt/qt_services.h"
 #include "qt/qt_test_app.h"
+#include "qt/views/find_view.h"
+#include "qt/views/main_window_view.h"
 
 namespace tesk {
 namespace {

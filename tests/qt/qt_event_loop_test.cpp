@@ -1,5 +1,5 @@
 // The real loop keeps the timer rules the station's flows depend on, and waits without spinning.
-#include "platform/qt/qt_event_loop.h"
+#include "qt/qt_event_loop.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

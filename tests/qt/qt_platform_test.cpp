@@ -10,10 +10,10 @@
 #include <functional>
 
 #include "base/text.h"
-#include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_services.h"
-#include "platform/qt/qt_shell.h"
-#include "platform/qt/qt_store.h"
+#include "qt/qt_dialogs.h"
+#include "qt/qt_services.h"
+#include "qt/qt_shell.h"
+#include "qt/qt_store.h"
 #include "qt/qt_test_app.h"
 
 namespace tesk {

@@ -1,13 +1,13 @@
 // The engine socket against a real local server: states, data, the close event of a remote
 // close, send on a closed socket, and a refused connection.
-#include "platform/qt/qt_tcp_socket.h"
+#include "qt/qt_tcp_socket.h"
 
 #include <gtest/gtest.h>
 
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include "platform/qt/qt_event_loop.h"
+#include "qt/qt_event_loop.h"
 #include "qt/qt_test_app.h"
 
 namespace tesk {

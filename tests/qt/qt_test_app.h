@@ -7,7 +7,7 @@
 
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/views/view_kit.h"
+#include "qt/views/view_kit.h"
 
 namespace tesk::testing {
 

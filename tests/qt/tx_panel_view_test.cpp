@@ -17,10 +17,10 @@
 
 #include "alarms/meld.h"
 #include "core/ports.h"
-#include "platform/qt/views/edit_tx_data_view.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
 #include "qt/qt_test_app.h"
+#include "qt/views/edit_tx_data_view.h"
+#include "qt/views/main_window_view.h"
 #include "transmit/tx_panel.h"
 
 namespace tesk {

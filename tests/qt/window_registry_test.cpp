@@ -9,9 +9,9 @@
 
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/qt/qt_views.h"
-#include "platform/qt/views/main_window_view.h"
 #include "platform/sim/sim_platform.h"
+#include "qt/qt_views.h"
+#include "qt/views/main_window_view.h"
 #include "qt_test_app.h"
 
 namespace tesk {
