@@ -3,6 +3,8 @@
 
 namespace tesk {
 
-void ModuleMailbox::TESKRegistryMod(std::string& /*text*/, int /*operation*/) { ++m_calls; }
+void ModuleMailbox::TESKRegistryMod(std::string& /*text*/, int /*operation*/) {
+  ++m_calls;
+}
 
 }  // namespace tesk

@@ -11,8 +11,8 @@
 
 namespace tesk {
 
-constexpr Color kDefaultFore = 0x000000;   // black
-constexpr Color kDefaultBack = 0xFFFFFF;   // white
+constexpr Color kDefaultFore = 0x000000;                       // black
+constexpr Color kDefaultBack = 0xFFFFFF;                       // white
 constexpr Color kButtonFace = static_cast<Color>(0x8000000F);  // the system's button face
 
 struct Control {
@@ -89,7 +89,7 @@ struct Window {
   std::string caption;
   bool loaded = false;
   bool visible = false;
-  int windowState = 0;  // 0 normal, 1 minimised, 2 maximised
+  int windowState = 0;                            // 0 normal, 1 minimised, 2 maximised
   long left = 0, top = 0, width = 0, height = 0;  // twips, as the settings file keeps them
 };
 

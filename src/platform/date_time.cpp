@@ -29,7 +29,8 @@ void CivilFromDays(int64_t z, int& y, int& m, int& d) {
 }  // namespace
 
 int DateTime::dayOfWeek() const {
-  const int64_t days = DaysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day));
+  const int64_t days =
+      DaysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day));
   // 1970-01-01 was a Thursday (5 when Sunday is 1).
   return static_cast<int>(((days % 7) + 7 + 4) % 7) + 1;
 }

@@ -30,8 +30,9 @@ bool FileExists(const std::string& path) {
 void OpenWebPage(Platform& platform, const std::string& url) {
   const int error = platform.shell().openUrl(url);
   if (error != 0)
-    platform.dialogs().msgBox("Could not open your Internet browser! Err nr:" + std::to_string(error),
-                              MsgButtons::Ok, MsgIcon::Exclamation, "TESK");
+    platform.dialogs().msgBox(
+        "Could not open your Internet browser! Err nr:" + std::to_string(error), MsgButtons::Ok,
+        MsgIcon::Exclamation, "TESK");
 }
 
 void WriteTextFile(const std::string& text, const std::string& path, int mode) {

@@ -64,11 +64,9 @@ struct StationConfig {
   int16_t AutoDisconnect = 0;         // 46 first value
   int16_t Filters = 0;                // 46 second value, Monitor filter 1 to 4
   int16_t RemoveSame = 0;             // 46 third value, "Remove double"
-  std::
-      string
-          IgnoreMheardCalls =
-              "RS0ISS RS0ISS-1 RS0ISS-11 RS0ISS-3 RS0ISS-4 PCSAT PCSAT-1 WD3ADO-1 MAIL-1 ANDE-1 "
-              "PSAT";                        // 47
+  std::string IgnoreMheardCalls =
+      "RS0ISS RS0ISS-1 RS0ISS-11 RS0ISS-3 RS0ISS-4 PCSAT PCSAT-1 WD3ADO-1 MAIL-1 ANDE-1 "
+      "PSAT";                                // 47
   int16_t TESKServer = 0;                    // 48
   int16_t TESKServerInit = 0;                // 48 the start-up copy the diagnostics print
   int16_t MessageboxAlarm = 0;               // 49

@@ -18,8 +18,12 @@ TEST_F(StartupTest, FirstRunCallSignLengthRules) {
     std::string stored;
   };
   const Case cases[] = {
-      {"AB", false, ""},           {"ABC", true, "ABC"},      {"XX9TK-1234", true, "XX9TK-1234"},
-      {"XX9TK-12345", false, ""},  {"xx9tk", true, "XX9TK"},  {"", false, ""},
+      {"AB", false, ""},
+      {"ABC", true, "ABC"},
+      {"XX9TK-1234", true, "XX9TK-1234"},
+      {"XX9TK-12345", false, ""},
+      {"xx9tk", true, "XX9TK"},
+      {"", false, ""},
       // The length is taken before the trim, as the original does.
       {"  AB", true, "AB"},
   };
@@ -54,8 +58,8 @@ TEST_F(StartupTest, CommandLineSwitches) {
     int16_t lanModeInFile;
     bool lanOn;
   };
-  const Case cases[] = {{"/LAN", 0, true},  {"/lanxyz", 0, true}, {"/AGW", -1, false},
-                        {"/", -1, true},    {"", 0, false},       {"/agw /lan", -1, false}};
+  const Case cases[] = {{"/LAN", 0, true}, {"/lanxyz", 0, true}, {"/AGW", -1, false},
+                        {"/", -1, true},   {"", 0, false},       {"/agw /lan", -1, false}};
   for (const Case& c : cases) {
     SCOPED_TRACE("line '" + c.line + "'");
     SimPlatform p;

@@ -36,10 +36,10 @@ TEST(SimLoop, WaitInsideHandlerLetsOtherTimersFireInTimeOrder) {
   fast->setEnabled(true);
   mid->setEnabled(true);
   loop.run(1.25);
-  const std::vector<std::string> expected{
-      "fast@100",  "fast@200",  "mid@250",   "fast@300",  "fast@400",
-      "fast@500",  "fast@600",  "fast@700",  "fast@800",  "fast@900",
-      "slow-in@1000", "fast@1000", "fast@1100", "fast@1200", "slow-out@1300"};
+  const std::vector<std::string> expected{"fast@100",  "fast@200",  "mid@250",      "fast@300",
+                                          "fast@400",  "fast@500",  "fast@600",     "fast@700",
+                                          "fast@800",  "fast@900",  "slow-in@1000", "fast@1000",
+                                          "fast@1100", "fast@1200", "slow-out@1300"};
   EXPECT_EQ(log, expected);
   EXPECT_EQ(loop.nowUs(), 1300000);  // the inner wait ran past the outer deadline
 }

@@ -8,10 +8,13 @@ std::vector<uint8_t> AgwBytes(int port, char kind, const std::string& from, cons
   std::vector<uint8_t> b(36, 0);
   b[0] = static_cast<uint8_t>(port);
   b[4] = static_cast<uint8_t>(kind);
-  for (std::size_t i = 0; i < from.size() && i < 10; ++i) b[8 + i] = static_cast<uint8_t>(from[i]);
-  for (std::size_t i = 0; i < to.size() && i < 10; ++i) b[18 + i] = static_cast<uint8_t>(to[i]);
+  for (std::size_t i = 0; i < from.size() && i < 10; ++i)
+    b[8 + i] = static_cast<uint8_t>(from[i]);
+  for (std::size_t i = 0; i < to.size() && i < 10; ++i)
+    b[18 + i] = static_cast<uint8_t>(to[i]);
   const uint32_t n = static_cast<uint32_t>(data.size());
-  for (int i = 0; i < 4; ++i) b[28 + i] = static_cast<uint8_t>((n >> (8 * i)) & 0xFF);
+  for (int i = 0; i < 4; ++i)
+    b[28 + i] = static_cast<uint8_t>((n >> (8 * i)) & 0xFF);
   b.insert(b.end(), data.begin(), data.end());
   return b;
 }
@@ -21,7 +24,9 @@ ScriptedEngine::ScriptedEngine(SimNetwork& net, std::string host, int port)
   start();
 }
 
-ScriptedEngine::~ScriptedEngine() { m_net.unlisten(m_host, m_port); }
+ScriptedEngine::~ScriptedEngine() {
+  m_net.unlisten(m_host, m_port);
+}
 
 void ScriptedEngine::start() {
   m_net.listen(m_host, m_port, [this](std::shared_ptr<SimConnection> c) {
@@ -65,7 +70,8 @@ void ScriptedEngine::sendMonitor(const std::string& from, const std::string& to,
 
 std::vector<std::vector<uint8_t>> ScriptedEngine::frames() const {
   std::vector<std::vector<uint8_t>> out;
-  for (const auto& c : m_all) out.insert(out.end(), c->received.begin(), c->received.end());
+  for (const auto& c : m_all)
+    out.insert(out.end(), c->received.begin(), c->received.end());
   return out;
 }
 

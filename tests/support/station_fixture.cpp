@@ -51,13 +51,15 @@ std::string LanIni(const std::string& host, int port, int lanMode, int registerC
   line("[HostName_IP_Default]");
   line(host);
   line("[HostName_IP]");
-  for (int i = 0; i < 5; ++i) line("");
+  for (int i = 0; i < 5; ++i)
+    line("");
   line("[LanPort]");
   line(" " + std::to_string(port) + " ");
   line("[TESKLanMode]");
   line(lanMode < 0 ? std::to_string(lanMode) + " " : " " + std::to_string(lanMode) + " ");
   line("[RegisterCall]");
-  line(registerCall < 0 ? std::to_string(registerCall) + " " : " " + std::to_string(registerCall) + " ");
+  line(registerCall < 0 ? std::to_string(registerCall) + " "
+                        : " " + std::to_string(registerCall) + " ");
   line("[Emulate_TXFrames_On_SlowNetPC]");
   line(" " + std::to_string(emulate) + " ");
   line("[Lan_Password]");

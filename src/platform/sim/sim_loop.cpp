@@ -7,14 +7,18 @@
 
 namespace tesk {
 
-std::unique_ptr<Timer> SimLoop::createTimer() { return std::make_unique<SimTimer>(*this); }
+std::unique_ptr<Timer> SimLoop::createTimer() {
+  return std::make_unique<SimTimer>(*this);
+}
 
 void SimLoop::schedule(double delaySeconds, std::function<void()> fn) {
   const int64_t at = m_nowUs + static_cast<int64_t>(delaySeconds * 1e6 + 0.5);
   m_events.emplace(std::make_pair(at, m_seq++), std::move(fn));
 }
 
-void SimLoop::post(std::function<void()> fn) { schedule(0, std::move(fn)); }
+void SimLoop::post(std::function<void()> fn) {
+  schedule(0, std::move(fn));
+}
 
 void SimLoop::endNow(int exitCode) {
   if (m_ended) return;
@@ -102,7 +106,9 @@ bool SimLoop::waitUntil(double seconds, const std::function<bool()>& done) {
   return done && done();
 }
 
-SimTimer::SimTimer(SimLoop& loop) : m_loop(loop) { m_loop.m_timers.push_back(this); }
+SimTimer::SimTimer(SimLoop& loop) : m_loop(loop) {
+  m_loop.m_timers.push_back(this);
+}
 
 SimTimer::~SimTimer() {
   auto& v = m_loop.m_timers;

@@ -28,7 +28,9 @@ void SimNetwork::listen(const std::string& host, int port, AcceptFn onAccept) {
   m_listeners[key(host, port)] = std::move(onAccept);
 }
 
-void SimNetwork::unlisten(const std::string& host, int port) { m_listeners.erase(key(host, port)); }
+void SimNetwork::unlisten(const std::string& host, int port) {
+  m_listeners.erase(key(host, port));
+}
 
 void SimNetwork::setSilent(const std::string& host, int port, bool silent) {
   m_silent[key(host, port)] = silent;

@@ -9,7 +9,8 @@ namespace {
 
 std::string Pad(int v, int width) {
   std::string s = std::to_string(v);
-  while (static_cast<int>(s.size()) < width) s.insert(s.begin(), '0');
+  while (static_cast<int>(s.size()) < width)
+    s.insert(s.begin(), '0');
   return s;
 }
 
@@ -26,7 +27,9 @@ DateTime SimClock::utcNow() const {
 std::string SimClock::shortDate(const DateTime& t) const {
   std::string out;
   for (std::size_t i = 0; i < dateFormat.size();) {
-    auto starts = [&](const char* p) { return dateFormat.compare(i, std::string(p).size(), p) == 0; };
+    auto starts = [&](const char* p) {
+      return dateFormat.compare(i, std::string(p).size(), p) == 0;
+    };
     if (starts("yyyy")) {
       out += Pad(t.year, 4), i += 4;
     } else if (starts("yy")) {
