@@ -10,6 +10,7 @@
 
 #include "link/agw_direct.h"
 #include "platform/sim/sim_platform.h"
+#include "support/dialect_engine.h"
 
 namespace {
 
@@ -70,20 +71,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   tesk::StationConfig config;
   tesk::RunState run;
   config.LanPort = 8000;
-  std::shared_ptr<tesk::SimConnection> engine;
-  platform.network.listen("127.0.0.1", 8000, [&](std::shared_ptr<tesk::SimConnection> c) {
-    engine = c;
-    std::weak_ptr<tesk::SimConnection> weak = c;
-    c->onReceive = [weak](const std::vector<uint8_t>& b) {
-      auto self = weak.lock();
-      if (self && b.size() >= 36 && b[4] == 'R') self->send(Frame('R', std::string(8, '\0')));
-    };
-  });
+  // The Dire Wolf test engine answers the log-on; the fuzzed bytes are written as its own.
+  tesk::testing::DialectEngine engine(platform, tesk::testing::Dialect::DireWolf16, "127.0.0.1",
+                                      8000);
+  engine.start();
   tesk::AgwDirect direct(platform, config, run);
   Check(direct.AGWStartPoll("XX9TK", "", 5, 0) != 0);
   const auto writes = (data[0] & 1) ? Structured(data + 1, size - 1) : Cut(data + 1, size - 1);
   for (const auto& w : writes) {
-    if (engine && engine->open()) engine->send(w);
+    if (engine.clientConnected()) engine.write(w);
     platform.simLoop.run(0.002);
   }
   platform.simLoop.run(0.5);

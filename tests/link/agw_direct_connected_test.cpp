@@ -5,7 +5,7 @@
 
 #include <span>
 
-#include "support/dialect_engine.h"
+#include "support/direct_fixture.h"
 
 namespace tesk::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/sim_engine_bench.h"
-#include "support/dialect_engine.h"
+#include "support/direct_fixture.h"
 #include "support/station_fixture.h"
 
 namespace tesk::testing {

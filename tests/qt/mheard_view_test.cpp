@@ -57,9 +57,8 @@ TEST_F(MHeardViewTest, ListCounterLampsAndFlashFollowTheStruct) {
   view.resize(1100, 720);
   view.show();
   QCoreApplication::processEvents();
-  const QString shot = QDir::temp().filePath("tesk_mheard_side.png");
-  view.findChild<QWidget*>("FrameMHeard")->grab().save(shot);
-  view.grab().save(QDir::temp().filePath("tesk_main_mheard.png"));
+  view.findChild<QWidget*>("FrameMHeard")->grab().save(testing::PictureFile("mheard_side.png"));
+  view.grab().save(testing::PictureFile("main_mheard.png"));
   // A whole row fits beside the vertical scroll bar: no horizontal one at the window's size.
   EXPECT_FALSE(list->horizontalScrollBar()->isVisible())
       << "list " << list->width() << " px, row " << list->sizeHintForColumn(0) << " px";

@@ -234,7 +234,7 @@ TEST_F(MonitorMenusTest, PrintingToAFileMakesAPdf) {
   EXPECT_TRUE(file.read(5).startsWith("%PDF"));
 }
 
-TEST_F(MonitorMenusTest, Screenshot) {
+TEST_F(MonitorMenusTest, PictureOfTheMonitorWithAFilterForAPerson) {
   StationConfig& c = station->config();
   txt().append("Fm PA3ABC To CQ Via RS0ISS* <UI pid=F0 Len=12 >[12:00:01]\r\n", kYellow);
   txt().append("Hello from JO22\r\n", c.DataColor);
@@ -247,7 +247,7 @@ TEST_F(MonitorMenusTest, Screenshot) {
   view->show();
   view->monitor().flush();
   QApplication::processEvents();
-  EXPECT_TRUE(view->grab().save(QStringLiteral("/tmp/monitor_menus.png")));
+  EXPECT_TRUE(view->grab().save(testing::PictureFile("monitor_menus.png")));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include "main/station.h"
@@ -19,6 +20,19 @@ inline QApplication& QtApp() {
   // Never destroyed: Qt's own statics go first at exit, and a late QApplication warns.
   static QApplication* app = new QApplication(argc, argv);
   return *app;
+}
+
+// Where the pictures for a person go: $TESK_SCREENSHOTS when set, else a new folder under the
+// system's temporary folder, made once a run and kept so the pictures can be looked at.
+inline QString PictureFile(const QString& name) {
+  static const QString folder = [] {
+    const QByteArray asked = qgetenv("TESK_SCREENSHOTS");
+    if (!asked.isEmpty()) return QString::fromLocal8Bit(asked);
+    QTemporaryDir made(QDir::tempPath() + QStringLiteral("/tesk-pictures-XXXXXX"));
+    made.setAutoRemove(false);
+    return made.path();
+  }();
+  return folder + QLatin1Char('/') + name;
 }
 
 // The handlers a station hands the main window's view, as the program wires them.

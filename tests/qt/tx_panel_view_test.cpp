@@ -1,7 +1,7 @@
 // The transmit panel on screen: the six fields, their lists and the counters in their colours
 // come from the struct; keys, list picks, drops and the send buttons reach the panel's rules;
 // the list editor shows its entries beside their lengths. One test leaves a picture of the main
-// window in /tmp/tx_panel.png for a person to look at.
+// window in tx_panel.png (see PictureFile) for a person to look at.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -251,12 +251,12 @@ TEST_F(TxPanelViewTest, PictureOfTheMainWindowForAPerson) {
   view->show();
   view->monitor().flush();
   QCoreApplication::processEvents();
-  EXPECT_TRUE(view->grab().save(QStringLiteral("/tmp/tx_panel.png")));
+  EXPECT_TRUE(view->grab().save(testing::PictureFile("tx_panel.png")));
   panel.cmdEditTXData_Click(0);
   EditTXDataView editor(panel.editor());
   editor.show();
   QCoreApplication::processEvents();
-  EXPECT_TRUE(editor.grab().save(QStringLiteral("/tmp/edit_tx_data.png")));
+  EXPECT_TRUE(editor.grab().save(testing::PictureFile("edit_tx_data.png")));
 }
 
 }  // namespace
