@@ -58,6 +58,7 @@ StationParts::StationParts(Station& s)
            [this](std::string& call, std::string& text, int32_t& kind, int32_t& length,
                   int32_t& port) { return direct.AGWGetData(call, text, kind, length, port); }),
       startup(s),
+      windowEvents(s.platform(), s.config(), s.mainWindow(), [&s] { s.Einde(); }),
       console(s.platform(), s.commands()),
       tmrMainPacketCore(s.platform().loop().createTimer()),
       tmrKlokken(s.platform().loop().createTimer()),
@@ -116,6 +117,7 @@ void Station::RegisterCommands() {
   p.txPanel.RegisterCommands(c);
   p.uiTextSender.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
+  p.windowEvents.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);

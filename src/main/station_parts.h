@@ -31,6 +31,7 @@
 #include "main/operator_console.h"
 #include "main/startup.h"
 #include "main/station_link_events.h"
+#include "main/window_events.h"
 #include "modules/add_ons.h"
 #include "modules/module_mailbox.h"
 #include "settings/settings_file.h"
@@ -80,6 +81,7 @@ struct StationParts {
   BeaconScheduler beacon;
   PacketCore core;
   Startup startup;
+  WindowEvents windowEvents;
   OperatorConsole console;  // standard input of a station without windows
 
   // The ticks: the core, and the one-second clock.

@@ -10,6 +10,7 @@ enum class WindowKind {
   Main,         // the main window
   Splash,       // frmSplash
   Tray,         // the tray icon of the main window
+  TrayPopup,    // mPopupSys, the tray icon's menu
   Meld,         // the note window
   LanSetup,     // LAN_Setup
   EditTXData,   // frmEditTXData, the list editor of the transmit histories
@@ -19,10 +20,10 @@ enum class WindowKind {
   RxPortPopup,  // menuAgwportRX, the receive port rows
 };
 
-constexpr std::array<WindowKind, 10> kWindowKinds = {
-    WindowKind::Main,        WindowKind::Splash,     WindowKind::Tray, WindowKind::Meld,
-    WindowKind::LanSetup,    WindowKind::EditTXData, WindowKind::Find, WindowKind::ViewHeard,
-    WindowKind::TxPortPopup, WindowKind::RxPortPopup};
+constexpr std::array<WindowKind, 11> kWindowKinds = {
+    WindowKind::Main,      WindowKind::Splash,      WindowKind::Tray,       WindowKind::TrayPopup,
+    WindowKind::Meld,      WindowKind::LanSetup,    WindowKind::EditTXData, WindowKind::Find,
+    WindowKind::ViewHeard, WindowKind::TxPortPopup, WindowKind::RxPortPopup};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -33,6 +34,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "frmSplash";
     case WindowKind::Tray:
       return "tray";
+    case WindowKind::TrayPopup:
+      return "mPopupSys";
     case WindowKind::Meld:
       return "Meld";
     case WindowKind::LanSetup:

@@ -106,6 +106,8 @@ void QtViews::registerViews() {
   // The tray icon follows the struct's flag and tool tip.
   m_registry[WindowKind::Tray] = {mainThere, [this] { ensureMain().refresh(); }, RefreshOf(m_main),
                                   RefreshOf(m_main)};
+  m_registry[WindowKind::TrayPopup] = {mainThere, [this] { ensureMain().popupTray(); }, [] {},
+                                       [] {}};
   m_registry[WindowKind::Splash] = {[] { return true; }, [this] { showSplash(); },
                                     [this] {
                                       if (!m_splash) return;
@@ -159,6 +161,7 @@ void QtViews::attachMainWindow(MainWindow& data, CommandTable& commands,
   m_handlers = handlers;
   m_look = std::move(look);
   m_onClose = std::move(onClose);
+  MainWindowView::readDesktop(data);
 }
 
 MainWindowView& QtViews::ensureMain() {
@@ -184,7 +187,10 @@ void QtViews::showMain() {
   } else if (m_mainData->form.windowState == 1) {
     view.showMinimized();
   } else {
-    view.show();
+    // Also what brings a window back from the tray: normal size, in front.
+    view.showNormal();
+    view.raise();
+    view.activateWindow();
   }
   view.monitor().flush();
   // The splash has done its work once the window it announced is there; left up, it would

@@ -26,6 +26,11 @@ enum class Command {
   menuextras,
   mnuRuns,
   mnuHelp,
+  // the window itself and its tray icon
+  Form_Resize,
+  Tray_MouseUp,
+  Tray_DblClick,
+  mPopupSys,
   // the automatic log
   mnuautolog,
   mnuOpenLog,

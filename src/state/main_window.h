@@ -29,6 +29,9 @@ struct MainWindow : StatusStrip, MonitorPanel, HeardPanel, TransmitPanel, Window
   // ---- tray ----
   bool trayIconShown = false;
   std::string trayToolTip;
+  // Filled by the view: false on a desktop without a tray area, where a minimised window stays
+  // on the task bar.
+  bool desktopHasTray = false;
 
   // The desktop's usable size in twips, filled by the view; 0 while not known. A stored window
   // size larger than this comes up maximised.

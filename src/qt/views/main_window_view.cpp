@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QPainter>
 #include <QSplitter>
-#include <QSystemTrayIcon>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -80,6 +79,7 @@ MainWindowView::MainWindowView(MainWindow& data, CommandTable* commands,
   setCentralWidget(central);
   m_menus->build(*this, *m_transmit);
   resize(1100, 720);
+  readDesktop(data);
   refresh();
 }
 
@@ -112,32 +112,10 @@ void MainWindowView::followTxFocus() {
   m_transmit->followTxFocus();
 }
 
-void MainWindowView::renderTray() {
-  if (!ViewKit::data().trayIconShown || !QSystemTrayIcon::isSystemTrayAvailable()) {
-    if (m_tray != nullptr) m_tray->hide();
-    return;
-  }
-  if (m_tray == nullptr) {
-    m_tray = new QSystemTrayIcon(windowIcon(), this);
-    connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason r) {
-      if (r == QSystemTrayIcon::Trigger || r == QSystemTrayIcon::DoubleClick) {
-        showNormal();
-        raise();
-        activateWindow();
-      }
-    });
-  }
-  m_tray->setToolTip(ToQString(CutAtNul(ViewKit::data().trayToolTip)));
-  m_tray->show();
-}
-
 void MainWindowView::refresh() {
   const Window& form = ViewKit::data().form;
   setWindowTitle(form.caption.empty() ? QStringLiteral("TESK") : ToQString(form.caption));
-  if (!m_geometrySet && form.width > 0 && form.height > 0) {
-    m_geometrySet = true;  // twips: 15 to a pixel at the classic 96 dots per inch
-    resize(static_cast<int>(form.width / 15), static_cast<int>(form.height / 15));
-  }
+  applyPlace();
   paint();
   m_status->render();
   m_transmit->render();

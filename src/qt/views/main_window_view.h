@@ -42,15 +42,26 @@ class MainWindowView : public QMainWindow, public ViewKit {
   void setCommand(CommandKey key, std::function<void()> handler);
   // The popup of the transmit or receive port rows.
   void popupPorts(bool tx);
+  // The tray icon's menu, at the mouse.
+  void popupTray();
+  // Fills the desktop's usable size and whether it has a tray area into the struct; the
+  // settings read at start-up need them before the window is shown.
+  static void readDesktop(MainWindow& data);
   // Called when the operator closes the window; the window itself stays (the shut-down ends the
   // process).
   void setOnClose(std::function<void()> handler) { m_onClose = std::move(handler); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  // Place, size and tray: main_window_frame.cpp.
   void renderTray();
+  void applyPlace();
+  void writePlace();
   void beforeCommand();
 
   CommandTable m_ownCommands;
@@ -60,8 +71,11 @@ class MainWindowView : public QMainWindow, public ViewKit {
   std::unique_ptr<TransmitPanelView> m_transmit;
   std::unique_ptr<WindowMenusView> m_menus;
   QSystemTrayIcon* m_tray = nullptr;
+  QMenu* m_trayMenu = nullptr;
   std::function<void()> m_onClose;
-  bool m_geometrySet = false;
+  // The place and size last put on screen or read from it, in twips: a change in the struct
+  // that differs from it came from the station and is applied.
+  long m_placedLeft = 0, m_placedTop = 0, m_placedWidth = 0, m_placedHeight = 0;
 };
 
 }  // namespace tesk
