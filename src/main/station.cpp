@@ -17,6 +17,10 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
   return hooks;
 }
 
+AprsSendControls AprsControls(MainWindow& main) {
+  return {main.cmdTXAPRS, main.cmbAPRSPos, main.menusends[2]};
+}
+
 }  // namespace
 
 StationParts::StationParts(Station& s)
@@ -38,6 +42,9 @@ StationParts::StationParts(Station& s)
       txPanel(s.platform(), s.config(), s.run(), s.mainWindow(), ports, meld,
               [this] { beacon.BeaconSeconds = 0; }),
       uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList),
+      aprsPosition(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow()), txPanel,
+                   transmit),
+      aprsSetup(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow())),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
