@@ -3,7 +3,9 @@
 // stations out there decode our reports that way, and a locator conversion depends on it.
 #include "aprs/aprs_position.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "base/text.h"
 #include "link/transmit_primitives.h"
@@ -138,19 +140,27 @@ void AprsPosition::cmdTXAPRS_Click() {
     return;
   }
   if (!m_controls.cmdTXAPRS.guard.empty()) return;
-  const std::string position = Trim(Left(m_config.APRS, kFixedLength));
-  const std::string tag = m_config.TESKTag != 0 ? std::string() : m_run.TagText;
+  const std::string_view stored(m_config.APRS);
+  const std::string position =
+      Trim(stored.substr(0, std::min<std::size_t>(stored.size(), kFixedLength)));
+  const std::string noTag;
+  const std::string& tag = m_config.TESKTag != 0 ? noTag : m_run.TagText;
   // Position and tag are reserved first, so with no commas in Via the frame is 80 characters.
   std::string comment = RTrim(m_controls.cmbAPRSPos.text);
   m_panel.CalcUI_TXlength(comment, static_cast<int16_t>(Len(position) + Len(tag)), 0);
   m_run.APRSWorkingText = comment;
-  m_config.APRS = position + comment + tag;
+  m_config.APRS.assign(position).append(comment).append(tag);
 
   m_panel.ValidateToViaBoxes();
   if (m_config.ToCall.empty()) return;
   // The compressed form is shorter, yet the comment keeps the cut made for the plain one.
-  std::string frame =
-      m_config.APRSCompressed.empty() ? m_config.APRS : m_config.APRSCompressed + comment + tag;
+  std::string frame;
+  if (m_config.APRSCompressed.empty()) {
+    frame = m_config.APRS;
+  } else {
+    frame.reserve(m_config.APRSCompressed.size() + comment.size() + tag.size());
+    frame.append(m_config.APRSCompressed).append(comment).append(tag);
+  }
   m_transmit.AGWPE_UI_Send(frame, TxAPRSPosition);
   m_panel.ADDToData();
   m_panel.ADDViaData();
