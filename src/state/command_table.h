@@ -22,6 +22,7 @@ enum class Command {
   menufiles,
   menuoptions,
   mnuLanSetup,
+  mnuAPRSSetup,
   mnuBeacon,
   menuextras,
   mnuRuns,
@@ -85,6 +86,9 @@ enum class Command {
   ConsoleVia,
   ConsoleHeader,
   ConsoleHeard,
+  ConsolePosition,
+  ConsoleLocator,
+  ConsoleAprs,
   ConsoleQuit,
 };
 
