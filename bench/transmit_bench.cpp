@@ -1,7 +1,8 @@
 // The cost of sending, from the press to the bytes on the LAN link (in-memory, no wire time):
-// one Text/data frame cut by the Via rule, and the heard report of a full MHeard list (type 1:
-// the dry run, then every frame through the 80-character sender). The engine's side only
-// counts what arrives; the frames leave in virtual time, so the pauses cost nothing here.
+// one Text/data frame cut by the Via rule, one compressed position report, and the heard report of
+// a full MHeard list (type 1: the dry run, then every frame through the 80-character sender). The
+// engine's side only counts what arrives; the frames leave in virtual time, so the pauses cost
+// nothing here.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -54,6 +55,23 @@ void BM_TextDataPressToWire(benchmark::State& state) {
       benchmark::Counter(static_cast<double>(b.frames), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_TextDataPressToWire);
+
+// The position send button with the compressed form, comment cut by the same Via rule.
+void BM_APRSCompressedPressToWire(benchmark::State& state) {
+  Bench b;
+  StationConfig& config = b.station->config();
+  config.APRS = "=5053.25N/00440.50E-";
+  config.APRSEnabled = -1;
+  config.APRSCompressed = "=/4g%<O^\\E-  B";
+  b.station->mainWindow().cmbAPRSPos.text = std::string(60, 'x');
+  for (auto _ : state) {
+    b.station->parts().aprsPosition.cmdTXAPRS_Click();
+    b.platform.simLoop.run(0.01);
+  }
+  state.counters["frames/s"] =
+      benchmark::Counter(static_cast<double>(b.frames), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_APRSCompressedPressToWire);
 
 void BM_HeardReportFullList(benchmark::State& state) {
   Bench b;

@@ -74,6 +74,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachFind(parts.find);
   views.attachViewHeard(parts.viewHeard);
   views.attachEditTXData(parts.txPanel.editor());
+  views.attachAprsSetup(parts.aprsSetup);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

@@ -16,6 +16,10 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
   return hooks;
 }
 
+AprsSendControls AprsControls(MainWindow& main) {
+  return {main.cmdTXAPRS, main.cmbAPRSPos, main.menusends[2]};
+}
+
 }  // namespace
 
 StationParts::StationParts(Station& s)
@@ -39,6 +43,9 @@ StationParts::StationParts(Station& s)
               [this] { beacon.BeaconSeconds = 0; }),
       uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList,
                    s.commands()),
+      aprsPosition(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow()), txPanel,
+                   transmit),
+      aprsSetup(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow())),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
@@ -68,6 +75,7 @@ StationParts::StationParts(Station& s)
   tmrKlokken->setInterval(1000);
   TmrStatus->setInterval(2000);
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
+  beacon.items.cmdTXAPRS_Click = [this] { aprsPosition.cmdTXAPRS_Click(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
@@ -118,6 +126,8 @@ void Station::RegisterCommands() {
   p.uiTextSender.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
   p.windowEvents.RegisterCommands(c);
+  p.aprsPosition.RegisterCommands(c);
+  p.aprsSetup.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);
@@ -128,9 +138,8 @@ void Station::RegisterCommands() {
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");
   c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");
   c.addUnbuilt({Command::mnuHelp, 1}, "&About TESK...");
-  for (Command sender :
-       {Command::cmdTXAPRS, Command::cmdTXAPRSMessage, Command::CmdTXMultiLineDirect,
-        Command::cmdTXConnect, Command::Connecting, Command::DisConnecting})
+  for (Command sender : {Command::cmdTXAPRSMessage, Command::CmdTXMultiLineDirect,
+                         Command::cmdTXConnect, Command::Connecting, Command::DisConnecting})
     c.addUnbuilt({sender});
   CommandSpec quit;
   quit.key = {Command::ConsoleQuit};

@@ -8,6 +8,8 @@
 #include "alarms/meld.h"
 #include "alarms/packet_log.h"
 #include "alarms/sound_table.h"
+#include "aprs/aprs_position.h"
+#include "aprs/aprs_setup.h"
 #include "aprs/message_reception.h"
 #include "beacon/beacon_scheduler.h"
 #include "connected/connection_control.h"
@@ -65,6 +67,8 @@ struct StationParts {
   TextSending textSending;
   TxPanel txPanel;
   UiTextSender uiTextSender;
+  AprsPosition aprsPosition;  // the position text and its send button
+  AprsSetup aprsSetup;        // frmAPRSSetup
   SettingsFile settings;
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;

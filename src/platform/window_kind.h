@@ -18,12 +18,13 @@ enum class WindowKind {
   ViewHeard,    // frmViewHeard
   TxPortPopup,  // menuAgwport, the transmit port rows
   RxPortPopup,  // menuAgwportRX, the receive port rows
+  APRSSetup,    // frmAPRSSetup, the position setup
 };
 
-constexpr std::array<WindowKind, 11> kWindowKinds = {
-    WindowKind::Main,      WindowKind::Splash,      WindowKind::Tray,       WindowKind::TrayPopup,
-    WindowKind::Meld,      WindowKind::LanSetup,    WindowKind::EditTXData, WindowKind::Find,
-    WindowKind::ViewHeard, WindowKind::TxPortPopup, WindowKind::RxPortPopup};
+constexpr std::array<WindowKind, 12> kWindowKinds = {
+    WindowKind::Main,      WindowKind::Splash,      WindowKind::Tray,        WindowKind::TrayPopup,
+    WindowKind::Meld,      WindowKind::LanSetup,    WindowKind::EditTXData,  WindowKind::Find,
+    WindowKind::ViewHeard, WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -50,6 +51,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "menuAgwport";
     case WindowKind::RxPortPopup:
       return "menuAgwportRX";
+    case WindowKind::APRSSetup:
+      return "frmAPRSSetup";
   }
   return "";
 }

@@ -18,6 +18,8 @@ class QSplashScreen;
 namespace tesk {
 
 struct MainWindow;
+class AprsSetup;
+class AprsSetupView;
 class CommandTable;
 class EditTXData;
 class EditTXDataView;
@@ -53,6 +55,7 @@ class QtViews : public Views {
   void attachViewHeard(ViewHeard& viewHeard) { m_viewHeardData = &viewHeard; }
   void attachLanSetup(LanSetup& lan) { m_lanData = &lan; }
   void attachEditTXData(EditTXData& editor) { m_editorData = &editor; }
+  void attachAprsSetup(AprsSetup& setup) { m_aprsSetupData = &setup; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -60,6 +63,7 @@ class QtViews : public Views {
   LanSetupView* lanSetupView() { return m_lanSetup.get(); }
   MeldView* meldView() { return m_meld.get(); }
   ViewHeardView* viewHeardView() { return m_viewHeard.get(); }
+  AprsSetupView* aprsSetupView() { return m_aprsSetup.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -96,10 +100,12 @@ class QtViews : public Views {
   ViewHeard* m_viewHeardData = nullptr;
   LanSetup* m_lanData = nullptr;
   EditTXData* m_editorData = nullptr;
+  AprsSetup* m_aprsSetupData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
   std::unique_ptr<EditTXDataView> m_editTXData;
+  std::unique_ptr<AprsSetupView> m_aprsSetup;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<FindView> m_find;

@@ -22,6 +22,7 @@ enum class Command {
   menufiles,
   menuoptions,
   mnuLanSetup,
+  mnuAPRSSetup,
   mnuBeacon,
   menuextras,
   mnuRuns,
@@ -90,6 +91,9 @@ enum class Command {
   ConsoleVia,
   ConsoleHeader,
   ConsoleHeard,
+  ConsolePosition,
+  ConsoleLocator,
+  ConsoleAprs,
   ConsoleQuit,
 };
 

@@ -94,11 +94,18 @@ class MainWindowSendTest : public ::testing::Test {
 };
 
 TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisabled) {
-  // The rows of the position, message and connection senders, and Stop Pending, have nothing
-  // behind them yet.
-  for (const char* row : {"APRS position", "APRS message", "Connect", "Disconnect",
-                          "Disconnect twice", "Stop Pending"})
+  // The rows of the message and connection senders, and Stop Pending, have nothing behind them
+  // yet.
+  for (const char* row :
+       {"APRS message", "Connect", "Disconnect", "Disconnect twice", "Stop Pending"})
     EXPECT_FALSE(sendEntry(row)->isEnabled()) << row;
+  // The position's row follows its send button, which is grey until a position is set up.
+  main().cmdTXAPRS.enabled = false;
+  view->refresh();
+  EXPECT_FALSE(sendEntry("APRS position")->isEnabled());
+  main().cmdTXAPRS.enabled = true;
+  view->refresh();
+  EXPECT_TRUE(sendEntry("APRS position")->isEnabled());
   // Stop Pending follows the message retry tick as the menu opens, still without a command.
   station->parts().uiTextSender.hooks.retryTickRunning = [] { return true; };
   emit sendMenu()->aboutToShow();

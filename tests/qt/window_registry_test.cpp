@@ -30,6 +30,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachViewHeard(p.viewHeard);
     views.attachLanSetup(p.lanSetup);
     views.attachEditTXData(p.txPanel.editor());
+    views.attachAprsSetup(p.aprsSetup);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

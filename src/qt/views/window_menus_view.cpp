@@ -28,6 +28,7 @@ void WindowMenusView::build(QMainWindow& window, TransmitPanelView& transmit) {
   QMenu* options = addMenu(window, QObject::tr("&Options"), Command::menuoptions, {130, 140});
   options->addSeparator();
   m_kit.addAction(options, {Command::mnuLanSetup});
+  m_kit.addAction(options, {Command::mnuAPRSSetup});
   addMenu(window, QObject::tr("&Beacon"), Command::mnuBeacon, {0});
   m_modulesMenu = addMenu(window, QObject::tr("&Modules"), Command::menuextras, {0});
   m_launchMenu = addMenu(window, QObject::tr("&Launch"), Command::mnuRuns, {0});
