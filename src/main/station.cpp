@@ -13,6 +13,7 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
   hooks.CalcUTC = [&parts] { parts.monitor.CalcUTC(); };
   hooks.menufilters_Click = [&parts](int index) { parts.filters.menufilters_Click(index); };
   hooks.setFilterText = [&parts](const std::string& text) { parts.filters.SetFilterText(text); };
+  hooks.erasePendingMessages = [&parts] { parts.messageSending.EraseAll(); };
   return hooks;
 }
 
@@ -39,6 +40,7 @@ StationParts::StationParts(Station& s)
               [this] { beacon.BeaconSeconds = 0; }),
       uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList,
                    s.commands()),
+      messageSending(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
@@ -67,6 +69,7 @@ StationParts::StationParts(Station& s)
   tmrKlokken->setInterval(1000);
   TmrStatus->setInterval(2000);
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
+  beacon.items.cmdTXAPRSMessage_Click = [this] { messageSending.cmdTXAPRSMessage_Click(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
@@ -115,6 +118,7 @@ void Station::RegisterCommands() {
   p.lanSetup.RegisterCommands(c);
   p.txPanel.RegisterCommands(c);
   p.uiTextSender.RegisterCommands(c);
+  p.messageSending.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;

@@ -9,6 +9,7 @@
 #include "alarms/packet_log.h"
 #include "alarms/sound_table.h"
 #include "aprs/message_reception.h"
+#include "aprs/message_sending.h"
 #include "beacon/beacon_scheduler.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
@@ -64,6 +65,7 @@ struct StationParts {
   TextSending textSending;
   TxPanel txPanel;
   UiTextSender uiTextSender;
+  MessageSending messageSending;  // APRS messages out and their retries
   SettingsFile settings;
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;

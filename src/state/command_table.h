@@ -85,6 +85,10 @@ enum class Command {
   ConsoleVia,
   ConsoleHeader,
   ConsoleHeard,
+  ConsoleFor,
+  ConsoleMsg,
+  ConsoleSent,
+  ConsoleStopPending,
   ConsoleQuit,
 };
 

@@ -94,16 +94,12 @@ class MainWindowSendTest : public ::testing::Test {
 };
 
 TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisabled) {
-  // The rows of the position, message and connection senders, and Stop Pending, have nothing
-  // behind them yet.
-  for (const char* row : {"APRS position", "APRS message", "Connect", "Disconnect",
-                          "Disconnect twice", "Stop Pending"})
+  // The rows of the position and connection senders have nothing behind them yet; Stop Pending
+  // waits for a message with retries.
+  for (const char* row :
+       {"APRS position", "Connect", "Disconnect", "Disconnect twice", "Stop Pending"})
     EXPECT_FALSE(sendEntry(row)->isEnabled()) << row;
-  // Stop Pending follows the message retry tick as the menu opens, still without a command.
-  station->parts().uiTextSender.hooks.retryTickRunning = [] { return true; };
-  emit sendMenu()->aboutToShow();
-  EXPECT_TRUE(main().mnuStopPending.enabled);
-  EXPECT_FALSE(sendEntry("Stop Pending")->isEnabled());
+  EXPECT_TRUE(sendEntry("APRS message")->isEnabled());
 
   QAction* header = sendEntry("Header only");
   ASSERT_TRUE(header->isEnabled());
@@ -127,6 +123,23 @@ TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisable
   data->trigger();
   EXPECT_EQ(sent(1), 1);
   EXPECT_NE(note().find("No Call Sign entered!"), std::string::npos);
+}
+
+TEST_F(MainWindowSendTest, StopPendingIsOfferedWhileAMessageIsRetried) {
+  station->config().AckUIViewType = 2;
+  main().cmbFor.text = "XX9AB";
+  main().cmbAPRSMessage.text = "hello";
+  sendEntry("APRS message")->trigger();
+  EXPECT_EQ(sent(8), 1);
+  // The row follows the retry tick as the menu opens.
+  emit sendMenu()->aboutToShow();
+  EXPECT_TRUE(main().mnuStopPending.enabled);
+  ASSERT_TRUE(sendEntry("Stop Pending")->isEnabled());
+  sendEntry("Stop Pending")->trigger();
+  EXPECT_EQ(station->run().PendingMessages[0].PendingDone, -1);
+  emit sendMenu()->aboutToShow();
+  EXPECT_FALSE(main().mnuStopPending.enabled);
+  EXPECT_FALSE(sendEntry("Stop Pending")->isEnabled());
 }
 
 TEST_F(MainWindowSendTest, EnterInTheTextFieldAndAltDSendItThroughTheTextSender) {

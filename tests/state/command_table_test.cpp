@@ -56,10 +56,11 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
   p.txPanel.RegisterCommands(table);
   p.ports.RegisterCommands(table);
   EXPECT_EQ(table.keys().size(), before);
-  EXPECT_EQ(table.consoleUsages(), (std::vector<std::string>{":header", ":heard [0-3]", ":quit",
-                                                             ":to CALL", ":via PATH"}));
+  EXPECT_EQ(table.consoleUsages(),
+            (std::vector<std::string>{":for CALL", ":header", ":heard [0-3]", ":msg [TEXT]",
+                                      ":quit", ":sent", ":stoppending", ":to CALL", ":via PATH"}));
   // The senders still to be built show grey and never run.
-  for (Command c : {Command::cmdTXAPRS, Command::cmdTXAPRSMessage, Command::cmdTXConnect})
+  for (Command c : {Command::cmdTXAPRS, Command::cmdTXConnect})
     EXPECT_FALSE(table.enabled({c}));
   EXPECT_FALSE(table.enabled({Command::menusends, 2}));
   EXPECT_TRUE(table.enabled({Command::menusends, 1}));
