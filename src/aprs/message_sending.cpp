@@ -2,6 +2,8 @@
 // retries come from the tick, and the ack that ends them is booked by the message reception.
 #include "aprs/message_sending.h"
 
+#include <string_view>
+
 #include "base/text.h"
 #include "transmit/transmit_primitives.h"
 #include "transmit/tx_panel.h"
@@ -15,6 +17,20 @@ constexpr int16_t kTriesBeforeGiveUp = 4;
 constexpr int16_t kGivenUp = -1;
 constexpr const char* kNoAckPrefixes = "BLN NWS SAT ALL";
 constexpr const char* kNoAckWords = "BLN NWS SAT ALL EMAIL HEARD";
+
+// UCase(Trim(row)) == want, without building the two texts: the search runs over every row at
+// each press.
+bool SameAddressee(std::string_view row, std::string_view want) {
+  const std::size_t a = row.find_first_not_of(' ');
+  if (a == std::string_view::npos) return want.empty();
+  row = row.substr(a, row.find_last_not_of(' ') - a + 1);
+  if (row.size() != want.size()) return false;
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    const char c = row[i] >= 'a' && row[i] <= 'z' ? static_cast<char>(row[i] - 'a' + 'A') : row[i];
+    if (c != want[i]) return false;
+  }
+  return true;
+}
 }  // namespace
 
 MessageSending::MessageSending(Platform& platform, StationConfig& config, RunState& run,
@@ -86,7 +102,7 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
   // The addressee's count lives in its first row, which is raised in place.
   int16_t seq = 0;
   for (PendingMessage& r : rows) {
-    if (UCase(Trim(r.PendingFor)) == forCall) {
+    if (SameAddressee(r.PendingFor, forCall)) {
       seq = ++r.PendingSeq;
       break;
     }
