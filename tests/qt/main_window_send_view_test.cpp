@@ -135,6 +135,15 @@ TEST_F(MainWindowSendTest, StopPendingIsOfferedWhileAMessageIsRetried) {
   emit sendMenu()->aboutToShow();
   EXPECT_TRUE(main().mnuStopPending.enabled);
   ASSERT_TRUE(sendEntry("Stop Pending")->isEnabled());
+  // Pictures of the message row and of the open Send menu during the retries, to look at.
+  view->refresh();
+  view->show();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(view->grab().save(testing::PictureFile("message_retrying.png")));
+  sendMenu()->popup(view->mapToGlobal(QPoint(40, 40)));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(sendMenu()->grab().save(testing::PictureFile("send_menu_retrying.png")));
+  sendMenu()->hide();
   sendEntry("Stop Pending")->trigger();
   EXPECT_EQ(station->run().PendingMessages[0].PendingDone, -1);
   emit sendMenu()->aboutToShow();
