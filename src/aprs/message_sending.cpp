@@ -117,7 +117,8 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
   r.PendingFor = forCall;
   r.PendingSeq = seq;
   r.PendingDone = 0;
-  m_tmrSendAckMes->setInterval(m_config.AckRetryIntervalMs);
+  if (m_tmrSendAckMes->interval() != m_config.AckRetryIntervalMs)
+    m_tmrSendAckMes->setInterval(m_config.AckRetryIntervalMs);
   // Restarts the count of a running tick: the retries run from the latest message.
   m_tmrSendAckMes->setEnabled(true);
   std::string frame = r.PendingText;
