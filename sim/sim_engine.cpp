@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/text.h"
 #include "sim/air_frame.h"
 #include "sim/traffic.h"
 
@@ -74,6 +75,12 @@ void SimEngine::runRules(double t) {
   std::uniform_real_distribution<double> jitter(0.8, 1.2);
   for (std::size_t i = 0; i < rules.size(); ++i) {
     while (m_ruleNext[i] <= t) {
+      // A rule for the console waits without drawing from the random source until the console
+      // has sent something, so a run without own frames goes as it did before such rules.
+      if (rules[i].to == "@ME" && m_ownCall.empty()) {
+        m_ruleNext[i] += rules[i].interval;
+        continue;
+      }
       m_ruleNext[i] += rules[i].interval * jitter(m_rng);
       const StationPlan* s = m_options.scenario.station(rules[i].call);
       if (s && stationActive(*s, t)) fireRule(i);
@@ -94,10 +101,13 @@ void SimEngine::fireRule(std::size_t index) {
       if (c != s.call && heard.size() < 6) heard.push_back(c);
     if (!heard.empty()) onAir(HeardFrame(s, heard), s.reach);
   } else if (r.kind == "message") {
+    // "@me" writes to the console, once it has sent something to learn its call from.
+    const std::string to = r.to == "@ME" ? m_ownCall : r.to;
+    if (to.empty()) return;
     const int seq = ++m_messageSeq[s.call];
-    const StationPlan* peer = m_options.scenario.station(r.to);
+    const StationPlan* peer = m_options.scenario.station(to);
     // The addressee acks a message that reached it, a little later, the same way.
-    onAir(MessageFrame(s, r.to, seq), s.reach, [this, peer, from = s.call, seq, reach = s.reach] {
+    onAir(MessageFrame(s, to, seq), s.reach, [this, peer, from = s.call, seq, reach = s.reach] {
       if (!peer || (reach == Reach::Direct && peer->reach == Reach::Satellite)) return;
       std::uniform_real_distribution<double> wait(4.0, 15.0);
       m_clock.after(wait(m_rng),
@@ -129,11 +139,27 @@ void SimEngine::onAir(const Ax25Frame& frame, Reach reach, std::function<void()>
 
 void SimEngine::onOwnTransmit(const Ax25Frame& frame, int port) {
   ++m_counts.ownSent;
+  m_ownCall = frame.source.call;
   std::optional<Ax25Frame> repeated = m_pass.repeat(frame, m_clock.now(), m_rng);
   if (!repeated) return;
   m_clock.after(m_pass.delay(m_rng), [this, f = *repeated, port] {
     ++m_counts.ownRepeated;
     m_server.hear(f, port);
+    answerOwnMessage(f);
+  });
+}
+
+void SimEngine::answerOwnMessage(const Ax25Frame& frame) {
+  const std::string& info = frame.info;
+  if (info.size() < 11 || info[0] != ':' || info[10] != ':') return;
+  const StationPlan* peer = m_options.scenario.station(UCase(Trim(info.substr(1, 9))));
+  const std::size_t brace = info.find('{', 11);
+  if (peer == nullptr || brace == std::string::npos || !stationActive(*peer, m_clock.now())) return;
+  const std::string number = info.substr(brace + 1);
+  if (number.empty()) return;
+  std::uniform_real_distribution<double> wait(4.0, 15.0);
+  m_clock.after(wait(m_rng), [this, peer, to = frame.source.call, number] {
+    onAir(AckFrame(*peer, to, number), peer->reach);
   });
 }
 

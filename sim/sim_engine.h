@@ -59,6 +59,8 @@ class SimEngine {
   // A station's frame on the air: heard directly as its reach allows, and maybe repeated.
   void onAir(const Ax25Frame& frame, Reach reach, std::function<void()> delivered = {});
   void onOwnTransmit(const Ax25Frame& frame, int port);
+  // A station of the scenario that an own message reached acks it, as it acks its peers.
+  void answerOwnMessage(const Ax25Frame& frame);
   bool stationActive(const StationPlan& s, double t) const;
   void say(const std::string& text);
 
@@ -71,6 +73,7 @@ class SimEngine {
   std::vector<double> m_ruleNext;
   std::map<std::string, int> m_messageSeq;
   std::set<std::string> m_heardThisPass;
+  std::string m_ownCall;  // the source of the clients' last transmission: "@me" of the rules
   double m_lastTick = -1;
   std::function<void(const std::string&)> m_log;
 };

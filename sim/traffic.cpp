@@ -102,7 +102,11 @@ Ax25Frame MessageFrame(const StationPlan& s, const std::string& to, int seq) {
 }
 
 Ax25Frame AckFrame(const StationPlan& s, const std::string& to, int seq) {
-  return Frame(s, "APRS", Addressee(to) + "ack" + std::to_string(seq));
+  return AckFrame(s, to, std::to_string(seq));
+}
+
+Ax25Frame AckFrame(const StationPlan& s, const std::string& to, const std::string& number) {
+  return Frame(s, "APRS", Addressee(to) + "ack" + number);
 }
 
 Ax25Frame HeardFrame(const StationPlan& s, const std::vector<std::string>& heard) {

@@ -27,6 +27,8 @@ Ax25Frame PositionFrame(const StationPlan& station, bool compressed);
 Ax25Frame CqFrame(const StationPlan& station);
 Ax25Frame MessageFrame(const StationPlan& station, const std::string& to, int seq);
 Ax25Frame AckFrame(const StationPlan& station, const std::string& to, int seq);
+// The ack of a message whose number came as text ("00", "100").
+Ax25Frame AckFrame(const StationPlan& station, const std::string& to, const std::string& number);
 Ax25Frame HeardFrame(const StationPlan& station, const std::vector<std::string>& heard);
 
 }  // namespace tesk::sim

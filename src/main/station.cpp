@@ -13,6 +13,7 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
   hooks.CalcUTC = [&parts] { parts.monitor.CalcUTC(); };
   hooks.menufilters_Click = [&parts](int index) { parts.filters.menufilters_Click(index); };
   hooks.setFilterText = [&parts](const std::string& text) { parts.filters.SetFilterText(text); };
+  hooks.erasePendingMessages = [&parts] { parts.messageSending.EraseAll(); };
   return hooks;
 }
 
@@ -46,6 +47,7 @@ StationParts::StationParts(Station& s)
       aprsPosition(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow()), txPanel,
                    transmit),
       aprsSetup(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow())),
+      messageSending(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
@@ -76,6 +78,7 @@ StationParts::StationParts(Station& s)
   TmrStatus->setInterval(2000);
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
   beacon.items.cmdTXAPRS_Click = [this] { aprsPosition.cmdTXAPRS_Click(); };
+  beacon.items.cmdTXAPRSMessage_Click = [this] { messageSending.cmdTXAPRSMessage_Click(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
@@ -124,6 +127,7 @@ void Station::RegisterCommands() {
   p.lanSetup.RegisterCommands(c);
   p.txPanel.RegisterCommands(c);
   p.uiTextSender.RegisterCommands(c);
+  p.messageSending.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
   p.windowEvents.RegisterCommands(c);
   p.aprsPosition.RegisterCommands(c);
@@ -138,8 +142,8 @@ void Station::RegisterCommands() {
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");
   c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");
   c.addUnbuilt({Command::mnuHelp, 1}, "&About TESK...");
-  for (Command sender : {Command::cmdTXAPRSMessage, Command::CmdTXMultiLineDirect,
-                         Command::cmdTXConnect, Command::Connecting, Command::DisConnecting})
+  for (Command sender : {Command::CmdTXMultiLineDirect, Command::cmdTXConnect, Command::Connecting,
+                         Command::DisConnecting})
     c.addUnbuilt({sender});
   CommandSpec quit;
   quit.key = {Command::ConsoleQuit};

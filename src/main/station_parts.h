@@ -11,6 +11,7 @@
 #include "aprs/aprs_position.h"
 #include "aprs/aprs_setup.h"
 #include "aprs/message_reception.h"
+#include "aprs/message_sending.h"
 #include "beacon/beacon_scheduler.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
@@ -67,8 +68,9 @@ struct StationParts {
   TextSending textSending;
   TxPanel txPanel;
   UiTextSender uiTextSender;
-  AprsPosition aprsPosition;  // the position text and its send button
-  AprsSetup aprsSetup;        // frmAPRSSetup
+  AprsPosition aprsPosition;      // the position text and its send button
+  AprsSetup aprsSetup;            // frmAPRSSetup
+  MessageSending messageSending;  // APRS messages out and their retries
   SettingsFile settings;
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;

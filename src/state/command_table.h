@@ -94,6 +94,10 @@ enum class Command {
   ConsolePosition,
   ConsoleLocator,
   ConsoleAprs,
+  ConsoleFor,
+  ConsoleMsg,
+  ConsoleSent,
+  ConsoleStopPending,
   ConsoleQuit,
 };
 

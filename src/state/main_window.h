@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/controls.h"
+#include "state/aprs_message_panel.h"
 #include "state/heard_panel.h"
 #include "state/menu_array.h"
 #include "state/monitor_panel.h"
@@ -23,7 +24,12 @@ struct WindowMenus {
 
 // The panels are bases so that each control keeps its one name (main.cmbToCall) while a
 // subsystem takes a reference to the one panel it paints.
-struct MainWindow : StatusStrip, MonitorPanel, HeardPanel, TransmitPanel, WindowMenus {
+struct MainWindow : StatusStrip,
+                    MonitorPanel,
+                    HeardPanel,
+                    TransmitPanel,
+                    AprsMessagePanel,
+                    WindowMenus {
   Window form;
 
   // ---- tray ----

@@ -10,6 +10,15 @@
 
 namespace tesk {
 
+// One row of the table of messages sent with an ack request; an empty PendingFor is a free row.
+struct PendingMessage {
+  std::string PendingFor;   // the addressee as typed, trimmed
+  std::string PendingText;  // the whole frame text: address block, message and tag
+  int16_t PendingSeq = 0;   // the number of this row; the addressee's first row counts on
+  int16_t PendingDone = 0;  // 0 pending, -1 given up or stopped, number + 100 when acked
+};
+constexpr int kPendingRows = 41;
+
 struct RunState {
   std::string AppPath;       // program folder, no trailing separator
   std::string SettingsPath;  // AppPath + "/tesk.ini"
@@ -40,6 +49,7 @@ struct RunState {
   int16_t ServerSwitch = 0;  // the running server switch of the module mailbox
   std::string ProfileName;
   std::string APRSWorkingText;  // the position text the APRS sender works from
+  std::array<PendingMessage, kPendingRows> PendingMessages{};  // kept for the run only
   // A run-only engine address (the demo engine); never written to the LAN settings.
   std::string OverrideHost;
   int OverridePort = 0;

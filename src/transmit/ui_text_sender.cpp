@@ -94,7 +94,7 @@ void UiTextSender::menusends_Click(int row) {
 }
 
 void UiTextSender::menusend_Click() {
-  m_main.mnuStopPending.enabled = hooks.retryTickRunning && hooks.retryTickRunning();
+  m_main.mnuStopPending.enabled = m_commands.enabled({Command::mnuStopPending});
 }
 
 bool UiTextSender::DropAllowed(const std::string& data, bool isText) const {
@@ -153,12 +153,6 @@ void UiTextSender::RegisterCommands(CommandTable& commands) {
     commands.addRow(Command::menusends, m_main.menusends, row, caption, rows,
                     [this, command = command] { return m_commands.enabled({command}); });
   commands.addClick({Command::menusend}, [this] { menusend_Click(); });
-  CommandSpec stop;
-  stop.key = {Command::mnuStopPending};
-  stop.caption = "Stop &Pending";
-  stop.item = &m_main.mnuStopPending;
-  stop.built = false;  // the message retry tick stops here once message sending is built
-  commands.add(std::move(stop));
   CommandSpec header;
   header.key = {Command::ConsoleHeader};
   header.console = "header";

@@ -20,11 +20,6 @@ class TxPanel;
 
 class UiTextSender {
  public:
-  // What the send menu asks of the message sending: is its retry tick running (mnuStopPending).
-  struct MenuHooks {
-    std::function<bool()> retryTickRunning;
-  };
-
   // Rows 2, 3 and 9 to 11 of the send menu run the position, message and connection commands
   // of `commands`, which their subsystems register.
   UiTextSender(Platform& platform, StationConfig& config, RunState& run, MainWindow& main,
@@ -41,7 +36,8 @@ class UiTextSender {
   // Row 0 of the send menu: a bare UI frame with the path and no text.
   void SendHeaderOnly();
   void menusends_Click(int row);
-  // The send menu is about to open.
+  // The send menu is about to open: Stop Pending follows the rule of its command, which the
+  // message sending registers (enabled while its retry tick runs).
   void menusend_Click();
   // Dragging over the send button: may this be dropped?
   bool DropAllowed(const std::string& data, bool isText) const;
@@ -49,8 +45,6 @@ class UiTextSender {
   int Drop(const std::string& data, bool isText);
   // Sends RunState::MonitorSendText to the present To and Via.
   void StuurMonitorTekst();
-
-  MenuHooks hooks;
 
  private:
   Platform& m_platform;

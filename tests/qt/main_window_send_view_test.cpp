@@ -94,11 +94,11 @@ class MainWindowSendTest : public ::testing::Test {
 };
 
 TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisabled) {
-  // The rows of the message and connection senders, and Stop Pending, have nothing behind them
-  // yet.
-  for (const char* row :
-       {"APRS message", "Connect", "Disconnect", "Disconnect twice", "Stop Pending"})
+  // The rows of the connection senders have nothing behind them yet; Stop Pending waits for a
+  // message with retries.
+  for (const char* row : {"Connect", "Disconnect", "Disconnect twice", "Stop Pending"})
     EXPECT_FALSE(sendEntry(row)->isEnabled()) << row;
+  EXPECT_TRUE(sendEntry("APRS message")->isEnabled());
   // The position's row follows its send button, which is grey until a position is set up.
   main().cmdTXAPRS.enabled = false;
   view->refresh();
@@ -106,11 +106,6 @@ TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisable
   main().cmdTXAPRS.enabled = true;
   view->refresh();
   EXPECT_TRUE(sendEntry("APRS position")->isEnabled());
-  // Stop Pending follows the message retry tick as the menu opens, still without a command.
-  station->parts().uiTextSender.hooks.retryTickRunning = [] { return true; };
-  emit sendMenu()->aboutToShow();
-  EXPECT_TRUE(main().mnuStopPending.enabled);
-  EXPECT_FALSE(sendEntry("Stop Pending")->isEnabled());
 
   QAction* header = sendEntry("Header only");
   ASSERT_TRUE(header->isEnabled());
@@ -134,6 +129,32 @@ TEST_F(MainWindowSendTest, SendMenuRowsSendTheirFramesAndTheLaterRowsStayDisable
   data->trigger();
   EXPECT_EQ(sent(1), 1);
   EXPECT_NE(note().find("No Call Sign entered!"), std::string::npos);
+}
+
+TEST_F(MainWindowSendTest, StopPendingIsOfferedWhileAMessageIsRetried) {
+  station->config().AckUIViewType = 2;
+  main().cmbFor.text = "XX9AB";
+  main().cmbAPRSMessage.text = "hello";
+  sendEntry("APRS message")->trigger();
+  EXPECT_EQ(sent(8), 1);
+  // The row follows the retry tick as the menu opens.
+  emit sendMenu()->aboutToShow();
+  EXPECT_TRUE(main().mnuStopPending.enabled);
+  ASSERT_TRUE(sendEntry("Stop Pending")->isEnabled());
+  // Pictures of the message row and of the open Send menu during the retries, to look at.
+  view->refresh();
+  view->show();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(view->grab().save(testing::PictureFile("message_retrying.png")));
+  sendMenu()->popup(view->mapToGlobal(QPoint(40, 40)));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(sendMenu()->grab().save(testing::PictureFile("send_menu_retrying.png")));
+  sendMenu()->hide();
+  sendEntry("Stop Pending")->trigger();
+  EXPECT_EQ(station->run().PendingMessages[0].PendingDone, -1);
+  emit sendMenu()->aboutToShow();
+  EXPECT_FALSE(main().mnuStopPending.enabled);
+  EXPECT_FALSE(sendEntry("Stop Pending")->isEnabled());
 }
 
 TEST_F(MainWindowSendTest, EnterInTheTextFieldAndAltDSendItThroughTheTextSender) {
