@@ -12,6 +12,8 @@ namespace tesk {
 
 namespace {
 constexpr long kAddressLength = 9;
+// Room for the longest ack tag, " [TESK]{" and three digits.
+constexpr std::size_t kTagRoom = 11;
 constexpr int kUsedRowsWrap = 40;
 constexpr int16_t kTriesBeforeGiveUp = 4;
 constexpr int16_t kGivenUp = -1;
@@ -48,7 +50,7 @@ MessageSending::MessageSending(Platform& platform, StationConfig& config, RunSta
 
 void MessageSending::cmdTXAPRSMessage_Click() {
   if (!m_main.cmdTXAPRSMessage.guard.empty()) return;
-  if (Len(Trim(m_main.cmbFor.text)) <= 0) {
+  if (m_main.cmbFor.text.find_first_not_of(' ') == std::string::npos) {
     m_platform.dialogs().msgBox(std::string("Empty 'For:' designation") + CRLF +
                                     "You need to enter a callsign or topic in the 'For:' field.",
                                 MsgButtons::Ok, MsgIcon::Exclamation, "TESK");
@@ -59,11 +61,24 @@ void MessageSending::cmdTXAPRSMessage_Click() {
   m_panel.ValidateToViaBoxes();
   if (m_config.ToCall.empty()) return;
   const std::string& forText = m_main.cmbFor.text;
-  const std::string address = Len(forText) == kAddressLength ? forText : [&] {
-    const std::string cut = Trim(Left(forText, kAddressLength));
-    return cut + Space(kAddressLength - Len(cut));
-  }();
-  std::string text = ":" + address + ":" + m_main.cmbAPRSMessage.text;
+  // ":" + the address block of 9 + ":" + the message, built in one string: a For text of
+  // another length is trimmed and padded with blanks to 9.
+  const std::string& message = m_main.cmbAPRSMessage.text;
+  std::string text;
+  text.reserve(static_cast<std::size_t>(kAddressLength) + 2 + message.size() + kTagRoom);
+  text += ':';
+  if (Len(forText) == kAddressLength) {
+    text += forText;
+  } else {
+    std::string_view cut = std::string_view(forText).substr(0, kAddressLength);
+    const std::size_t a = cut.find_first_not_of(' ');
+    cut = a == std::string_view::npos ? std::string_view()
+                                      : cut.substr(a, cut.find_last_not_of(' ') - a + 1);
+    text += cut;
+    text.append(static_cast<std::size_t>(kAddressLength) - cut.size(), ' ');
+  }
+  text += ':';
+  text += message;
   m_panel.CalcUI_TXlength(text, 0, 0);
   if (m_config.AckUIViewType == 2) {
     // The whole For field goes on; only the address block was cut to 9.
@@ -81,9 +96,12 @@ void MessageSending::cmdTXAPRSMessage_Click() {
 
 bool MessageSending::AsksAck(const std::string& forCall) {
   const std::string upper = UCase(forCall);
-  // Bulletins, weather, satellite gateways and words answer nothing; a call holds a digit.
-  if (InStr(kNoAckPrefixes, Left(upper, 3)) > 0) return false;
-  if (InStr(kNoAckWords, upper) > 0) return false;
+  const std::string_view prefixes = kNoAckPrefixes;
+  const std::string_view words = kNoAckWords;
+  // Bulletins, weather, satellite gateways and words answer nothing; a call holds a digit. The
+  // tests are those of a text search, so an empty For or a part of a word ("N N") matches too.
+  if (prefixes.find(std::string_view(upper).substr(0, 3)) != std::string_view::npos) return false;
+  if (words.find(upper) != std::string_view::npos) return false;
   return upper.find_first_of("0123456789") != std::string::npos;
 }
 
@@ -93,27 +111,26 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
     return;
   }
   auto& rows = m_run.PendingMessages;
+  // One walk over the table finds both the rows in use and the addressee's first row.
   int used = 0;
-  for (const PendingMessage& r : rows)
-    if (Len(r.PendingFor) >= 2) ++used;
+  PendingMessage* addressee = nullptr;
+  for (PendingMessage& r : rows) {
+    if (r.PendingFor.size() >= 2) ++used;
+    if (addressee == nullptr && SameAddressee(r.PendingFor, forCall)) addressee = &r;
+  }
   // Freed rows are counted out, so the table fills from the bottom and at 40 wraps to row 0,
   // overwriting it.
   const int row = used % kUsedRowsWrap;
   // The addressee's count lives in its first row, which is raised in place.
-  int16_t seq = 0;
-  for (PendingMessage& r : rows) {
-    if (SameAddressee(r.PendingFor, forCall)) {
-      seq = ++r.PendingSeq;
-      break;
-    }
-  }
-  const std::string number = seq < 10 ? "0" + Trim(Str(seq)) : Trim(Str(seq));
+  const int16_t seq = addressee == nullptr ? int16_t{0} : ++addressee->PendingSeq;
   // The reserved room is that of a two-digit number; a third digit makes the frame longer.
   const bool shortTag = m_config.NoAckTag != 0;
-  const std::string tag = (shortTag ? "{" : " [TESK]{") + number;
   m_panel.CalcUI_TXlength(text, shortTag ? 3 : 10, 0);
   PendingMessage& r = rows[static_cast<std::size_t>(row)];
-  r.PendingText = text + tag;
+  r.PendingText.assign(text);
+  r.PendingText += shortTag ? "{" : " [TESK]{";
+  if (seq < 10) r.PendingText += '0';
+  r.PendingText += std::to_string(seq);
   r.PendingFor = forCall;
   r.PendingSeq = seq;
   r.PendingDone = 0;
@@ -121,8 +138,7 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
     m_tmrSendAckMes->setInterval(m_config.AckRetryIntervalMs);
   // Restarts the count of a running tick: the retries run from the latest message.
   m_tmrSendAckMes->setEnabled(true);
-  std::string frame = r.PendingText;
-  m_transmit.AGWPE_UI_Send(frame, TxAPRSMessageAck);
+  m_transmit.AGWPE_UI_Send(r.PendingText, TxAPRSMessageAck);
 }
 
 void MessageSending::SendAckMesTick() {
@@ -152,8 +168,7 @@ void MessageSending::SendAckMesTick() {
   if (tries < kTriesBeforeGiveUp) {
     // A retry follows the path as the fields stand now, not that of the first send.
     m_panel.RebuildToVia();
-    std::string frame = r.PendingText;
-    m_transmit.AGWPE_UI_Send(frame, TxAPRSMessageAck);
+    m_transmit.AGWPE_UI_Send(r.PendingText, TxAPRSMessageAck);
   } else {
     r.PendingDone = kGivenUp;
     tries = 0;

@@ -33,7 +33,7 @@ void TransmitPrimitives::CountTransmission(int16_t type) {
   if (counter < std::numeric_limits<int16_t>::max()) ++counter;
 }
 
-void TransmitPrimitives::AGWPE_UI_Send(std::string& text, int16_t type) {
+void TransmitPrimitives::AGWPE_UI_Send(const std::string& text, int16_t type) {
   // UZ7HO SoundModem needs kind "V" with no digipeaters for a frame without a path, which a
   // Via of one blank gives. It stays so for the rest of the run; deliberate.
   if (m_config.Digistation.empty() && m_config.TypeOfModem == kSoundModem)

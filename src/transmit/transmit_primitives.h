@@ -53,7 +53,7 @@ class TransmitPrimitives {
   TransmitPrimitives(const TransmitPrimitives&) = delete;
   TransmitPrimitives& operator=(const TransmitPrimitives&) = delete;
 
-  void AGWPE_UI_Send(std::string& text, int16_t type);
+  void AGWPE_UI_Send(const std::string& text, int16_t type);
   void AGWPE_Con_Send(std::string& text);
   // Shows an own frame in the Monitor right after the TCP link sent it
   // ([Emulate_TXFrames_On_SlowNetPC]), so it is seen even when the engine's report is late.

@@ -2,34 +2,52 @@
 #include "transmit/tx_histories.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/text.h"
 
 namespace tesk {
 
-std::string HistoryKey(const std::string& entry, HistoryCompare compare) {
-  switch (compare) {
-    case HistoryCompare::UpperRightTrimmed:
-      return UCase(RTrim(entry));
-    case HistoryCompare::UpperTrimmed:
-      return UCase(Trim(entry));
-    case HistoryCompare::LowerRightTrimmed:
-      return LCase(RTrim(entry));
-    case HistoryCompare::LowerTrimmed:
-      return LCase(Trim(entry));
-    case HistoryCompare::RightTrimmed:
-      return RTrim(entry);
-  }
+namespace {
+
+// The part of an entry its key is made of: blanks cut at the end, and at the start too where the
+// rule trims both sides.
+std::string_view KeyPart(std::string_view entry, HistoryCompare compare) {
+  const std::size_t b = entry.find_last_not_of(' ');
+  if (b == std::string_view::npos) return {};
+  entry = entry.substr(0, b + 1);
+  if (compare == HistoryCompare::UpperTrimmed || compare == HistoryCompare::LowerTrimmed)
+    entry = entry.substr(entry.find_first_not_of(' '));
   return entry;
 }
 
+char Folded(char c, HistoryCompare compare) {
+  if (compare == HistoryCompare::UpperRightTrimmed || compare == HistoryCompare::UpperTrimmed)
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  if (compare == HistoryCompare::LowerRightTrimmed || compare == HistoryCompare::LowerTrimmed)
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return c;
+}
+
+// HistoryKey(a) == HistoryKey(b) without building either key: every send button walks a whole
+// history with it.
+bool SameKey(std::string_view a, std::string_view b, HistoryCompare compare) {
+  a = KeyPart(a, compare);
+  b = KeyPart(b, compare);
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i)
+    if (Folded(a[i], compare) != Folded(b[i], compare)) return false;
+  return true;
+}
+
+}  // namespace
+
 void AddHistoryEntry(std::vector<std::string>& list, const std::string& text,
                      const HistoryRule& rule) {
-  const std::string key = HistoryKey(text, rule.compare);
   // Entries beyond the cap (a longer list read from an old file) are not looked at.
   const std::size_t walk = std::min(list.size(), rule.cap);
   for (std::size_t i = 0; i < walk; ++i) {
-    if (HistoryKey(list[i], rule.compare) == key) return;
+    if (SameKey(list[i], text, rule.compare)) return;
   }
   switch (rule.overflow) {
     case HistoryOverflow::RemoveFirst:

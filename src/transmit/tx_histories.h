@@ -28,9 +28,6 @@ struct HistoryRule {
   HistoryOverflow overflow;
 };
 
-// The entry as the rule compares it.
-std::string HistoryKey(const std::string& entry, HistoryCompare compare);
-
 // Adds `text` (already normalised) to `list` unless one of the first `cap` entries matches it.
 void AddHistoryEntry(std::vector<std::string>& list, const std::string& text,
                      const HistoryRule& rule);

@@ -3,6 +3,8 @@
 // and for the check of To and Via.
 #include "transmit/tx_panel.h"
 
+#include <string_view>
+
 #include "alarms/meld.h"
 #include "base/text.h"
 #include "core/ports.h"
@@ -109,7 +111,8 @@ void TxPanel::refresh() {
 long TxPanel::CalcUI_TXlength(std::string& text, int16_t reserved, int16_t mode) const {
   const long commas = InstrCount(m_main.cmbViaCall.text, ",");
   const long room = commas > 0 ? 89 - 10 * commas - reserved : 80 - reserved;
-  if (mode == 0 && Len(text) > room) text = Left(text, room);
+  // Cut in place: every send passes here.
+  if (mode == 0 && Len(text) > room) text.resize(room > 0 ? static_cast<std::size_t>(room) : 0);
   return room;
 }
 
@@ -207,7 +210,16 @@ void TxPanel::AddAPRSData() {
 
 void TxPanel::AddFor() {
   ComboBox& f = m_main.cmbFor;
-  const std::string text = Left(UCase(Trim(f.text)), kForMax);
+  // Trimmed, cut and upper-cased in one pass: it runs at each message sent.
+  const std::string_view all = f.text;
+  const std::size_t first = all.find_first_not_of(' ');
+  std::string text;
+  if (first != std::string_view::npos) {
+    const std::string_view kept = all.substr(first, all.find_last_not_of(' ') - first + 1);
+    text.assign(kept.substr(0, static_cast<std::size_t>(kForMax)));
+    for (char& c : text)
+      if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
   AddHistoryEntry(f.list, text, kForRule);
   f.selStart = 0;
   f.text = text;
@@ -216,9 +228,19 @@ void TxPanel::AddFor() {
 void TxPanel::AddMessage() {
   ComboBox& f = m_main.cmbAPRSMessage;
   // Braces would read as a message number on the air; only the remembered copy loses them,
-  // what is sent keeps them.
-  std::string text = Replace(Replace(Trim(f.text), "{", "("), "}", ")");
-  AddHistoryEntry(f.list, Left(text, kMessageHistoryMax), kMessageRule);
+  // what is sent keeps them. Trimmed, the braces turned and cut in one pass: it runs at each send.
+  const std::string_view all = f.text;
+  const std::size_t first = all.find_first_not_of(' ');
+  std::string text;
+  if (first != std::string_view::npos) {
+    const std::string_view kept = all.substr(first, all.find_last_not_of(' ') - first + 1);
+    text.assign(kept.substr(0, static_cast<std::size_t>(kMessageHistoryMax)));
+    for (char& c : text) {
+      if (c == '{') c = '(';
+      if (c == '}') c = ')';
+    }
+  }
+  AddHistoryEntry(f.list, text, kMessageRule);
   f.selStart = 0;
 }
 
