@@ -61,9 +61,15 @@ TxMultiLineForm::TxMultiLineForm(Platform& platform, StationConfig& config, RunS
     w.cmdTXMultiLines[At(page)].toolTip = "Send this page as one frame";
     w.OptDefaultTXMulti[At(page)].caption = "Default";
     w.OptDefaultTXMulti[At(page)].toolTip = "The page the main window's Multi-Line button sends";
-    for (int number = 1; number < kCharacterButtons; ++number)
-      characterButton(number, page).caption = Caption(number);
+    for (int number = 1; number < kCharacterButtons; ++number) {
+      Button& b = characterButton(number, page);
+      b.caption = Caption(number);
+      b.toolTip = number == 5   ? "Add the character 127 at the end"
+                  : number == 7 ? "Add a blank at the end"
+                                : "Add \"" + b.caption + "\" at the end";
+    }
     characterButton(kCharacterButtons, page).caption = "Insert APRS Position";
+    characterButton(kCharacterButtons, page).toolTip = "Add the APRS position at the end";
   }
   w.ChkSwitchFont.caption = "Monitor font";
   w.Image1.toolTip = "Help";

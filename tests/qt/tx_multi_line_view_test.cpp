@@ -71,9 +71,9 @@ TEST_F(TxMultiLineViewTest, RendersThePagesAndHandsTypingAndPressesToTheWindow) 
   auto* page0 = child<QPlainTextEdit>(view, "TxtMultiLine0");
   EXPECT_EQ(page0->toPlainText(), "CQ de XX9TK\npse k");
   EXPECT_EQ(child<QLabel>(view, "LblLength0")->text(), "Length=18");
-  EXPECT_TRUE(child<QLabel>(view, "LblMaxLines1")->isVisibleTo(&view));
-  EXPECT_TRUE(child<QLabel>(view, "LblMaxLength1")->isVisibleTo(&view));
-  EXPECT_FALSE(child<QLabel>(view, "LblMaxLines0")->isVisibleTo(&view));
+  EXPECT_FALSE(child<QLabel>(view, "LblMaxLines1")->isHidden());
+  EXPECT_FALSE(child<QLabel>(view, "LblMaxLength1")->isHidden());
+  EXPECT_TRUE(child<QLabel>(view, "LblMaxLines0")->isHidden());
   EXPECT_TRUE(child<QRadioButton>(view, "OptDefaultTXMulti0")->isChecked());
   EXPECT_EQ(child<QPushButton>(view, "Command1_0")->text(), "_");
   EXPECT_FALSE(child<QPushButton>(view, "Command8_0")->isEnabled());  // APRS is off
@@ -98,7 +98,7 @@ TEST_F(TxMultiLineViewTest, RendersThePagesAndHandsTypingAndPressesToTheWindow) 
     QTest::keyClick(page1, Qt::Key_Backspace);
   EXPECT_EQ(w().TxtMultiLine[1].text.substr(w().TxtMultiLine[1].text.size() - 8), "\r\nLine 9");
   EXPECT_FALSE(w().LblMaxLines[1].visible);
-  EXPECT_FALSE(child<QLabel>(view, "LblMaxLines1")->isVisibleTo(&view));
+  EXPECT_TRUE(child<QLabel>(view, "LblMaxLines1")->isHidden());
 
   // Typing a new line in page 0: CR LF in the struct; a character button adds at the end.
   page0->setFocus();

@@ -29,9 +29,9 @@ void RenderControl(QWidget* w, const Control& d) {
   w->setEnabled(d.enabled);
 }
 
-// The character 127 has no picture of its own; its control picture stands for it.
+// The character 127 has no picture of its own; its name stands for it.
 QString ButtonText(const std::string& caption) {
-  if (caption == Chr(127)) return QString(QChar(0x2421));
+  if (caption == Chr(127)) return QStringLiteral("DEL");
   if (caption == " ") return QStringLiteral("Blank");
   if (caption == "&") return QStringLiteral("&&");
   return ToQString(caption);
@@ -141,6 +141,7 @@ QWidget* TxMultiLineView::buildPage(int page) {
     });
     if (number < TxMultiLineForm::kCharacterButtons) {
       b->setMinimumWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("Blank")) + 16);
+      b->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     } else {
       characters->addStretch(1);
     }
