@@ -47,8 +47,7 @@ e2e_write_lan_ini "$home" 0
 } >"$home/TXMultiLine.ini"
 cp "$home/TXMultiLine.ini" "$run_dir/TXMultiLine.before"
 
-page=$(printf '%s\r\n' "${PAGE_LINES[@]}")
-page=${page%$'\r\n'}
+page="${PAGE_LINES[0]}"$'\r\n'"${PAGE_LINES[1]}"$'\r\n'"${PAGE_LINES[2]}"
 on_air="${PAGE_LINES[0]}<0x0d><0x0a>${PAGE_LINES[1]}<0x0d><0x0a>${PAGE_LINES[2]}"
 
 fifo="$run_dir/stdin"
