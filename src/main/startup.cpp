@@ -469,6 +469,8 @@ void Startup::Einde() {
   config.Digistation = main.cmbViaCall.text;
   parts.settings.SaveSettings();
   SaveLANINI(config, run, run.AppPath);
+  // The Multi-Line pages are written when their window unloads, one loaded unseen included.
+  parts.txMultiLine.Form_Unload();
   if (On(config.TESKServer) || On(run.ServerSwitch)) {
     std::string text = "TESK Terminated!";
     parts.mailbox.TESKRegistryMod(text, 2);

@@ -44,6 +44,7 @@ StationParts::StationParts(Station& s)
               [this] { beacon.BeaconSeconds = 0; }),
       uiTextSender(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, heardList,
                    s.commands()),
+      txMultiLine(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit, meld),
       aprsPosition(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow()), txPanel,
                    transmit),
       aprsSetup(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow())),
@@ -127,6 +128,7 @@ void Station::RegisterCommands() {
   p.lanSetup.RegisterCommands(c);
   p.txPanel.RegisterCommands(c);
   p.uiTextSender.RegisterCommands(c);
+  p.txMultiLine.RegisterCommands(c);
   p.messageSending.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
   p.windowEvents.RegisterCommands(c);
@@ -142,8 +144,7 @@ void Station::RegisterCommands() {
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");
   c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");
   c.addUnbuilt({Command::mnuHelp, 1}, "&About TESK...");
-  for (Command sender : {Command::CmdTXMultiLineDirect, Command::cmdTXConnect, Command::Connecting,
-                         Command::DisConnecting})
+  for (Command sender : {Command::cmdTXConnect, Command::Connecting, Command::DisConnecting})
     c.addUnbuilt({sender});
   CommandSpec quit;
   quit.key = {Command::ConsoleQuit};

@@ -39,6 +39,7 @@
 #include "modules/module_mailbox.h"
 #include "settings/settings_file.h"
 #include "transmit/transmit_primitives.h"
+#include "transmit/tx_multi_line.h"
 #include "transmit/tx_panel.h"
 #include "transmit/ui_text_sender.h"
 #include "viewport/view_port.h"
@@ -68,6 +69,7 @@ struct StationParts {
   TextSending textSending;
   TxPanel txPanel;
   UiTextSender uiTextSender;
+  TxMultiLineForm txMultiLine;    // frmTXMultiLine and the Multi-Line button
   AprsPosition aprsPosition;      // the position text and its send button
   AprsSetup aprsSetup;            // frmAPRSSetup
   MessageSending messageSending;  // APRS messages out and their retries

@@ -78,6 +78,8 @@ enum class Command {
   menuheardsend,
   menumheardsend,
   cmdTXMHeard_RightPress,
+  mnu_multiline,
+  CmdTXMultiLineDirect_RightPress,
   // connected mode
   Connecting,
   DisConnecting,
@@ -98,6 +100,7 @@ enum class Command {
   ConsoleMsg,
   ConsoleSent,
   ConsoleStopPending,
+  ConsoleMultiLine,
   ConsoleQuit,
 };
 

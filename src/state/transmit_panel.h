@@ -50,6 +50,10 @@ struct TransmitPanel {
   }();
   // Set by a right press on cmdTXMHeard: the view pops up the heard report menu.
   bool menumheardsendPopup = false;
+  // The Multi-Line rows of the send menu: pages 0 to 2, and row 3 opening the window. A right
+  // press on CmdTXMultiLineDirect sets the flag: the view pops the rows up beside the button.
+  MenuArray mnu_multiline;
+  bool mnu_multilinePopup = false;
 };
 
 }  // namespace tesk

@@ -242,6 +242,11 @@ QWidget* TransmitPanelView::build(QWidget* parent) {
   // A chosen entry clears the request itself; a menu closed without a choice ends it here.
   connect(m_heardReportMenu, &QMenu::aboutToHide, this,
           [this]() { m_kit.data().menumheardsendPopup = false; });
+  m_multiLineMenu = new QMenu(box);
+  m_multiLineMenu->setObjectName(QStringLiteral("mnu_multilinePopup"));
+  addMultiLineEntries(m_multiLineMenu);
+  connect(m_multiLineMenu, &QMenu::aboutToHide, this,
+          [this]() { m_kit.data().mnu_multilinePopup = false; });
   return box;
 }
 
@@ -329,6 +334,10 @@ void TransmitPanelView::followTxFocus() {
   }
 }
 
+void TransmitPanelView::addMultiLineEntries(QMenu* menu) {
+  m_kit.addActions(menu, Command::mnu_multiline, {0, 1, 2, -1, 3});
+}
+
 void TransmitPanelView::addHeardReportEntries(QMenu* menu, Command command) {
   std::vector<int> rows;
   for (int type = 0; type < HeardReports::kTypes; ++type)
@@ -342,6 +351,12 @@ bool TransmitPanelView::sendButtonEvent(QObject* watched, SendButton which, QEve
   switch (event->type()) {
     case QEvent::MouseButtonPress: {
       const auto* mouse = static_cast<QMouseEvent*>(event);
+      if (which == SendButton::MultiLine && mouse->button() == Qt::RightButton) {
+        m_kit.run({Command::CmdTXMultiLineDirect_RightPress});
+        if (m_kit.data().mnu_multilinePopup)
+          m_multiLineMenu->popup(mouse->globalPosition().toPoint());
+        return true;
+      }
       if (which != SendButton::MHeard || mouse->button() != Qt::RightButton) return false;
       m_kit.run({Command::cmdTXMHeard_RightPress});
       if (m_kit.data().menumheardsendPopup)

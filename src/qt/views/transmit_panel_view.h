@@ -28,6 +28,8 @@ class TransmitPanelView : public QObject {
   void followTxFocus();
   // The send menu's copy of the heard report menu (menusends 7).
   void addHeardReportEntries(QMenu* menu, Command command);
+  // The Multi-Line rows: the three pages, then the window.
+  void addMultiLineEntries(QMenu* menu);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -56,6 +58,7 @@ class TransmitPanelView : public QObject {
   std::vector<std::pair<Button*, QToolButton*>> m_editButtons;
   std::map<const QObject*, SendButton> m_sendButtons;
   QMenu* m_heardReportMenu = nullptr;  // the popup of cmdTXMHeard: menumheardsend
+  QMenu* m_multiLineMenu = nullptr;    // the popup of CmdTXMultiLineDirect: mnu_multiline
 };
 
 }  // namespace tesk

@@ -77,6 +77,9 @@ void WindowMenusView::buildSend(QMainWindow& window, TransmitPanelView& transmit
   m_heardSendMenu = send->addMenu(QObject::tr("MH&eard"));
   m_heardSendMenu->setObjectName(QStringLiteral("menuheardsend"));
   transmit.addHeardReportEntries(m_heardSendMenu, Command::menuheardsend);
+  QMenu* multiLine = send->addMenu(QObject::tr("M&ulti-Line"));
+  multiLine->setObjectName(QStringLiteral("mnu_multiline"));
+  transmit.addMultiLineEntries(multiLine);
   send->addSeparator();
   m_kit.addActions(send, Command::menusends, {9, 10, 11});
   // Stop Pending follows the message retry tick, which is looked at as the menu opens.
