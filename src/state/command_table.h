@@ -99,6 +99,7 @@ enum class Command {
   ConsoleSent,
   ConsoleStopPending,
   ConsoleQuit,
+  ConsoleSetup,
 };
 
 struct CommandKey {
