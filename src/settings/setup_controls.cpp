@@ -353,7 +353,7 @@ void MHeardRows(std::vector<SetupControl>& t) {
   t.push_back(Options<&SetupWindow::OptTXMHeardType, &StationConfig::TXMHeardType>(
       "OptTXMHeardType", p, "[TXMHeardType]", "row",
       {"Stations as 'Heard'", "Stations as TESK 'BLNQSLx/x'",
-       "Stations as APRS Bulletin 'BLN0QSLs'", "The last seven stations heard"},
+       "Stations as APRS Bulletin 'BLN0QSLs'", "Last Heard Stations (max 7)"},
       "Heard report sent with F8"));
   SetupControl utc =
       Row("ChkUseUTCinHeader2", p, ScriptKind::Check, "[ShowUTCInHeader]", "as ChkUseUTCinHeader",
@@ -578,6 +578,15 @@ void ProgramRows(std::vector<SetupControl>& t) {
       "chkSysTray", p, "[SystemTray]", "Minimise to the tray"));
 }
 
+// The controls a page shows beside the one before them.
+void JoinLines(std::vector<SetupControl>& t) {
+  for (SetupControl& row : t) {
+    for (const char* name : {"txtUTCminutes", "CmbBufferSize", "cmbFontSize", "chkFontBold",
+                             "txtAutoClearTime", "chkAutoClearPacketActivity"})
+      if (row.name == name) row.sameLine = true;
+  }
+}
+
 std::vector<SetupControl> BuildTable() {
   std::vector<SetupControl> t;
   StationRows(t);
@@ -588,6 +597,7 @@ std::vector<SetupControl> BuildTable() {
   ConnectedRows(t);
   ViewPortRows(t);
   ProgramRows(t);
+  JoinLines(t);
   return t;
 }
 
@@ -698,8 +708,6 @@ SetupWindow DesignedSetupWindow() {
   SetupWindow w;
   w.form.caption = "TESK Setup";
   for (const SetupControl& row : SetupControls()) {
-    Control& control = ControlOf(w, row);
-    control.toolTip = row.key.empty() ? row.caption : row.caption + " " + row.key;
     std::visit(
         [&w, &row](auto member) {
           auto& c = w.*member;
@@ -721,6 +729,8 @@ SetupWindow DesignedSetupWindow() {
           }
         },
         row.member);
+    // The rows exist now; the tip goes on the control (an option row's first button).
+    ControlOf(w, row).toolTip = row.key.empty() ? row.caption : row.caption + " " + row.key;
   }
   w.cmdLanSetup.caption = "LAN Settings...";
   w.cmdloadprofile.caption = "Load Profile...";
@@ -734,9 +744,9 @@ SetupWindow DesignedSetupWindow() {
   for (int ssid = 0; ssid <= 15; ++ssid)
     w.CmbSSID.list.push_back(std::to_string(ssid));
   w.cmbPacketLength.list = {"255", "192", "160", "128", "96", "80", "64"};
-  w.lblExHeader.caption = " 1:Fm XX1ABC To CQ Via RS0ISS* <UI pid=F0 Len=12 >[12:00:00]";
+  w.lblExHeader.caption = " 1:Fm XX1ABC To CQ Via RS0ISS* [12:00:00]";
   w.lblExData.caption = "Hello via ISS";
-  w.lblExDigi.caption = " 1:Fm XX9TK To CQ Via RS0ISS* (own digipeat)";
+  w.lblExDigi.caption = " 1:Fm XX9TK To CQ Via RS0ISS* (own)";
   w.lblExMessage.caption = ":XX9TK    :a message to this station";
   w.lblExDataBox.caption = "Text in the transmit boxes";
   w.lblExConnect.caption = "Text of the terminal";

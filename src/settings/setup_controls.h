@@ -43,6 +43,7 @@ struct SetupControl {
   std::string caption;  // the caption of a check box, button or single option; a row's title
   std::vector<std::string> rowCaptions;  // an option row's captions, one a row
   SetupInput input = SetupInput::Any;
+  bool sameLine = false;  // the page shows it on the line of the control before it
   // Fills the control from the settings (Form_Load); may be null.
   void (*load)(SetupWindow&, const StationConfig&) = nullptr;
   // Stores the control into the settings (Apply's first step, for plain rules only).

@@ -67,9 +67,11 @@ await_logon 0 || fail_run "tesk never logged on to Dire Wolf"
 printf ':to CQ\n:via\nBefore the change\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $FIRSTCALL>CQ:Before the change" 15 "$tesk_pid" ||
   fail_run "the first line did not go out from $FIRSTCALL"
-printf ':setup txtCallsign=%s\n\n' "$NEWCALL" >&8
+printf ':setup txtCallsign=%s\n' "$NEWCALL" >&8
 e2e_wait_text "$out" "[New Callsign Entered] New call activated." 15 "$tesk_pid" ||
   fail_run "no box \"New Callsign Entered\" after the call change"
+# The box waits for its answer: an empty line is its OK.
+printf '\n' >&8
 grep -qF "Please restart TESK and Software Modem." "$out" ||
   fail_run "the box does not ask to restart TESK and the software modem"
 printf 'After the change\n' >&8

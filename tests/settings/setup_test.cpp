@@ -428,6 +428,8 @@ TEST_F(SetupTest, TheMenuAndThePagesShortcutsOpenTheWindowOnTheirPage) {
   EXPECT_EQ(w().page, static_cast<int>(SetupPage::Station));
   EXPECT_EQ(w().txtCallsign.text, "XX9TK");
   setup().Command2_Click();
+  // The Monitor's row shows in its right-click menu.
+  EXPECT_TRUE(table.run({Command::txtMonitor_RightPress}));
   EXPECT_TRUE(table.run({Command::menuedits, 140}));
   EXPECT_EQ(w().page, static_cast<int>(SetupPage::Monitor));
   setup().Command2_Click();

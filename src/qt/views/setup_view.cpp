@@ -32,7 +32,8 @@ namespace tesk {
 
 namespace {
 
-constexpr int kWideRows = 4;  // an option row with more rows is laid out in two columns
+constexpr int kWideRows = 4;  // an option row with more rows is laid out in columns
+constexpr std::size_t kShortCaption = 10;
 
 void RenderControl(QWidget* w, const Control& d) {
   w->setToolTip(ToQString(d.toolTip));
@@ -94,7 +95,7 @@ SetupView::SetupView(Setup& setup, QWidget* parent)
   });
   connect(m_cancel, &QPushButton::clicked, this, [this]() { m_setup.Command2_Click(); });
   col->addWidget(buttons);
-  resize(760, 560);
+  resize(820, 600);
   refresh();
 }
 
@@ -104,12 +105,15 @@ QWidget* SetupView::buildPage(SetupPage page) {
   auto* scroll = new QScrollArea(this);
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* inner = new QWidget(scroll);
   inner->setObjectName(QStringLiteral("page") + QString::number(static_cast<int>(page)));
   auto* layout = new QVBoxLayout(inner);
   auto* title = new QLabel(QStringLiteral("<b>%1</b>").arg(SetupPageName(page)), inner);
   layout->addWidget(title);
-  auto* buttonRow = new QHBoxLayout;
+  auto* buttonRow = new QGridLayout;
+  int buttons = 0;
+  m_line = nullptr;
   for (const SetupControl& row : SetupControls()) {
     if (row.page != page || IsMonitorColor(row)) continue;
     if (row.kind == ScriptKind::Button) {
@@ -123,11 +127,13 @@ QWidget* SetupView::buildPage(SetupPage page) {
       });
       watch(b, row.name);
       m_bound.push_back({&row, {b}, nullptr});
-      buttonRow->addWidget(b);
+      buttonRow->addWidget(b, buttons / kWideRows, buttons % kWideRows);
+      ++buttons;
       continue;
     }
     addControl(layout, inner, row);
     if (row.name == "OptTXMHeardType") {
+      m_line = nullptr;
       m_heardExample = new QLabel(inner);
       m_heardExample->setObjectName(QStringLiteral("lblMHeardExample"));
       m_heardExample->setWordWrap(true);
@@ -140,7 +146,7 @@ QWidget* SetupView::buildPage(SetupPage page) {
   }
   if (page == SetupPage::Monitor) addColors(layout, inner);
   layout->addStretch(1);
-  buttonRow->addStretch(1);
+  buttonRow->setColumnStretch(kWideRows, 1);
   layout->addLayout(buttonRow);
   scroll->setWidget(inner);
   return scroll;
@@ -171,7 +177,7 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
         bound.widgets.push_back(w);
       }
       bound.widgets.front()->setObjectName(name);
-      layout->addWidget(bound.widgets.front());
+      placeOnLine(layout, row, nullptr, bound.widgets.front());
       break;
     }
     case ScriptKind::Option: {
@@ -180,6 +186,11 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
       auto* grid = new QGridLayout(group);
       OptionRow* d = &DataOf<OptionRow>(m_data, row);
       const int rows = row.rows();
+      // Short captions (the ports) stand four to a line; long ones in one or two columns.
+      bool shortCaptions = true;
+      for (const std::string& caption : row.rowCaptions)
+        shortCaptions = shortCaptions && caption.size() <= kShortCaption;
+      const bool acrossLines = shortCaptions && rows > kWideRows;
       const int perColumn = rows > kWideRows ? (rows + 1) / 2 : rows;
       for (int i = 0; i < rows; ++i) {
         auto* r = new QRadioButton(group);
@@ -189,14 +200,18 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
           d->choose(i);
           changed(*at);
         });
-        grid->addWidget(r, i % perColumn, i / perColumn);
+        if (acrossLines) {
+          grid->addWidget(r, i / kWideRows, i % kWideRows);
+        } else {
+          grid->addWidget(r, i % perColumn, i / perColumn);
+        }
         bound.widgets.push_back(r);
       }
       layout->addWidget(group);
+      m_line = nullptr;
       break;
     }
     case ScriptKind::Text: {
-      auto* line = new QHBoxLayout;
       bound.caption = new QLabel(QString::fromStdString(row.caption) + QStringLiteral(":"), page);
       auto* w = new QLineEdit(page);
       w->setObjectName(name);
@@ -210,15 +225,11 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
       bound.caption->setBuddy(w);
       TextBox* d = &DataOf<TextBox>(m_data, row);
       connect(w, &QLineEdit::textEdited, this, [d](const QString& t) { d->text = FromQString(t); });
-      line->addWidget(bound.caption);
-      line->addWidget(w, row.input == SetupInput::Any ? 1 : 0);
-      if (row.input != SetupInput::Any) line->addStretch(1);
-      layout->addLayout(line);
+      placeOnLine(layout, row, bound.caption, w);
       bound.widgets.push_back(w);
       break;
     }
     case ScriptKind::Combo: {
-      auto* line = new QHBoxLayout;
       bound.caption = new QLabel(QString::fromStdString(row.caption) + QStringLiteral(":"), page);
       auto* w = new QComboBox(page);
       w->setObjectName(name);
@@ -233,10 +244,7 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
         d->listIndex = i;
         if (i >= 0) d->text = FromQString(w->itemText(i));
       });
-      line->addWidget(bound.caption);
-      line->addWidget(w);
-      line->addStretch(1);
-      layout->addLayout(line);
+      placeOnLine(layout, row, bound.caption, w);
       bound.widgets.push_back(w);
       break;
     }
@@ -246,6 +254,23 @@ void SetupView::addControl(QVBoxLayout* layout, QWidget* page, const SetupContro
   for (QWidget* w : bound.widgets)
     watch(w, row.name);
   m_bound.push_back(bound);
+}
+
+void SetupView::placeOnLine(QVBoxLayout* layout, const SetupControl& row, QWidget* label,
+                            QWidget* field) {
+  const bool wide = row.kind == ScriptKind::Text && row.input == SetupInput::Any;
+  if (!row.sameLine || m_line == nullptr) {
+    m_line = new QHBoxLayout;
+    layout->addLayout(m_line);
+    // A free text fills its line; everything else keeps its own width.
+    m_lineStretches = !wide;
+    if (m_lineStretches) m_line->addStretch(1);
+  } else {
+    m_line->insertSpacing(m_line->count() - (m_lineStretches ? 1 : 0), 12);
+  }
+  const int at = m_line->count() - (m_lineStretches ? 1 : 0);
+  if (label != nullptr) m_line->insertWidget(at, label);
+  m_line->insertWidget(label != nullptr ? at + 1 : at, field, wide ? 1 : 0);
 }
 
 void SetupView::addColors(QVBoxLayout* layout, QWidget* page) {

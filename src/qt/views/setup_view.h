@@ -12,6 +12,7 @@
 #include "settings/setup.h"
 
 class QLabel;
+class QHBoxLayout;
 class QListWidget;
 class QPushButton;
 class QStackedWidget;
@@ -42,6 +43,8 @@ class SetupView : public QDialog {
   };
   QWidget* buildPage(SetupPage page);
   void addControl(QVBoxLayout* layout, QWidget* page, const SetupControl& row);
+  // The line a control goes on: the one before when the table says so, else a new one.
+  void placeOnLine(QVBoxLayout* layout, const SetupControl& row, QWidget* label, QWidget* field);
   void addColors(QVBoxLayout* layout, QWidget* page);
   void watch(QWidget* widget, const std::string& name);
   void changed(const SetupControl& row);
@@ -53,6 +56,8 @@ class SetupView : public QDialog {
   QStackedWidget* m_stack = nullptr;
   QLabel* m_help = nullptr;
   QLabel* m_heardExample = nullptr;
+  QHBoxLayout* m_line = nullptr;  // the line being filled while a page is built
+  bool m_lineStretches = false;
   std::vector<std::pair<Label*, QLabel*>> m_examples;
   std::vector<Bound> m_bound;
   std::map<QObject*, std::string> m_names;  // widget -> control name, for the help line
