@@ -76,6 +76,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachEditTXData(parts.txPanel.editor());
   views.attachAprsSetup(parts.aprsSetup);
   views.attachTxMultiLine(parts.txMultiLine);
+  views.attachSetup(parts.setup);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

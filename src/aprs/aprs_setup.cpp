@@ -88,6 +88,7 @@ void AprsSetup::Form_Load() {
   m_window = DesignedWindow();
   APRSSetupWindow& w = m_window;
   w.form.loaded = true;
+  w.Cmdaprsetup.enabled = static_cast<bool>(openSetupAprs);
   m_loadedPosition = Left(m_config.APRS, AprsPosition::kFixedLength);
   m_loadedEnabled = m_config.APRSEnabled;
   w.cmbLatDirection = Directions("N", "S");
@@ -238,6 +239,10 @@ bool AprsSetup::confirmChange(const std::string& text, const std::string& iconNa
       CRLF + "Your selected Icon is: " + iconName + CRLF + CRLF + "Is this correct?";
   return m_platform.dialogs().msgBox(question, MsgButtons::YesNo, MsgIcon::Question,
                                      "APRS Setup complete") == MsgResult::Yes;
+}
+
+void AprsSetup::Cmdaprsetup_Click() {
+  if (openSetupAprs) openSetupAprs();
 }
 
 void AprsSetup::Command2_Click() {

@@ -70,6 +70,9 @@ class AprsSetup {
   void Command1_Click();  // OK
   void Command2_Click();  // Cancel
   void CmdOkLocat_Click();
+  // "Options...": the APRS page of the setup window, once that window is there.
+  void Cmdaprsetup_Click();
+  std::function<void()> openSetupAprs;
   // Key down in the locator field; true when the key is swallowed (Enter converts).
   bool txtMaiden_KeyDown(int keyCode);
   // Key up in the locator field: letters upper-cased and blanks dropped, the caret kept.

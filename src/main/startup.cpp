@@ -19,7 +19,6 @@ namespace {
 constexpr int kVersionMajor = 5;
 constexpr int kVersionMinor = 4;
 constexpr int kVersionRevision = 4;
-constexpr const char* kAppKey = "TESKAPPKEY1";  // 11 characters handed to the engine library
 constexpr const char* kModuleApp = "XX9TK\\TESK";
 
 bool On(int v) {

@@ -9,6 +9,9 @@ namespace tesk {
 
 class Station;
 
+// 11 characters handed to the engine library at the start of direct mode.
+inline constexpr const char* kAppKey = "TESKAPPKEY1";
+
 class Startup {
  public:
   explicit Startup(Station& station) : m_station(station) {}

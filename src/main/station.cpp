@@ -1,6 +1,7 @@
 // The station: builds every subsystem with the references it needs and wires the ticks.
 #include "main/station.h"
 
+#include "main/startup.h"
 #include "main/station_parts.h"
 
 namespace tesk {
@@ -14,6 +15,22 @@ SettingsHooks MakeSettingsHooks(StationParts& parts) {
   hooks.menufilters_Click = [&parts](int index) { parts.filters.menufilters_Click(index); };
   hooks.setFilterText = [&parts](const std::string& text) { parts.filters.SetFilterText(text); };
   hooks.erasePendingMessages = [&parts] { parts.messageSending.EraseAll(); };
+  return hooks;
+}
+
+SetupHooks MakeSetupHooks(StationParts& parts) {
+  SetupHooks hooks;
+  hooks.AGWStartPoll = [&parts](const std::string& call) {
+    const std::string key = kAppKey;
+    return parts.direct.AGWStartPoll(call, key, static_cast<int32_t>(call.size()),
+                                     static_cast<int32_t>(key.size()));
+  };
+  hooks.ToonAktievePoort = [&parts] { parts.ports.ToonAktievePoort(); };
+  hooks.SetTXMHeardType = [&parts](int16_t type) {
+    parts.heardReports.SetTXMHeardType(type);
+    return parts.heardReports.example();
+  };
+  hooks.ShowMeld = [&parts](const std::string& text) { parts.meld.ShowMeld(text, 0); };
   return hooks;
 }
 
@@ -50,6 +67,8 @@ StationParts::StationParts(Station& s)
       aprsSetup(s.platform(), s.config(), s.run(), AprsControls(s.mainWindow())),
       messageSending(s.platform(), s.config(), s.run(), s.mainWindow(), txPanel, transmit),
       settings(s.config(), s.run(), s.mainWindow(), s.platform(), MakeSettingsHooks(*this)),
+      setup(s.platform(), s.config(), s.run(), s.mainWindow(), settings, s.commands(),
+            MakeSetupHooks(*this)),
       filters(s.platform(), s.config(), s.mainWindow()),
       find(s.platform(), s.mainWindow()),
       digiFlash(s.platform(), s.mainWindow()),
@@ -77,6 +96,10 @@ StationParts::StationParts(Station& s)
   tmrKlokken->setHandler([this] { startup.KlokkenTick(); });
   tmrKlokken->setInterval(1000);
   TmrStatus->setInterval(2000);
+  // The openers of the setup window's pages.
+  monitor.OpenMonitorSetup = [this] { setup.Show(SetupPage::Monitor); };
+  heardList.openSetupMHeard = [this] { setup.Show(SetupPage::MHeard); };
+  aprsSetup.openSetupAprs = [this] { setup.Show(SetupPage::Aprs); };
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
   beacon.items.cmdTXAPRS_Click = [this] { aprsPosition.cmdTXAPRS_Click(); };
   beacon.items.cmdTXAPRSMessage_Click = [this] { messageSending.cmdTXAPRSMessage_Click(); };
@@ -134,6 +157,7 @@ void Station::RegisterCommands() {
   p.windowEvents.RegisterCommands(c);
   p.aprsPosition.RegisterCommands(c);
   p.aprsSetup.RegisterCommands(c);
+  p.setup.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);

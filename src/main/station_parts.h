@@ -38,6 +38,7 @@
 #include "modules/add_ons.h"
 #include "modules/module_mailbox.h"
 #include "settings/settings_file.h"
+#include "settings/setup.h"
 #include "transmit/transmit_primitives.h"
 #include "transmit/tx_multi_line.h"
 #include "transmit/tx_panel.h"
@@ -74,6 +75,7 @@ struct StationParts {
   AprsSetup aprsSetup;            // frmAPRSSetup
   MessageSending messageSending;  // APRS messages out and their retries
   SettingsFile settings;
+  Setup setup;  // frmSetup
   // The receive path: the core, the Monitor's filter and lamps, and what the core hands on to.
   MonitorFilters filters;
   MonitorFind find;

@@ -20,13 +20,15 @@ enum class WindowKind {
   RxPortPopup,  // menuAgwportRX, the receive port rows
   APRSSetup,    // frmAPRSSetup, the position setup
   TXMultiLine,  // frmTXMultiLine, the three pages of multi-line text
+  Setup,        // frmSetup, the Setup window
 };
 
-constexpr std::array<WindowKind, 13> kWindowKinds = {
-    WindowKind::Main,       WindowKind::Splash,      WindowKind::Tray,        WindowKind::TrayPopup,
-    WindowKind::Meld,       WindowKind::LanSetup,    WindowKind::EditTXData,  WindowKind::Find,
-    WindowKind::ViewHeard,  WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
-    WindowKind::TXMultiLine};
+constexpr std::array<WindowKind, 14> kWindowKinds = {
+    WindowKind::Main,        WindowKind::Splash,      WindowKind::Tray,
+    WindowKind::TrayPopup,   WindowKind::Meld,        WindowKind::LanSetup,
+    WindowKind::EditTXData,  WindowKind::Find,        WindowKind::ViewHeard,
+    WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
+    WindowKind::TXMultiLine, WindowKind::Setup};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -57,6 +59,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "frmAPRSSetup";
     case WindowKind::TXMultiLine:
       return "frmTXMultiLine";
+    case WindowKind::Setup:
+      return "frmSetup";
   }
   return "";
 }

@@ -21,8 +21,10 @@
 #include "qt/views/lan_setup_view.h"
 #include "qt/views/main_window_view.h"
 #include "qt/views/meld_view.h"
+#include "qt/views/setup_view.h"
 #include "qt/views/tx_multi_line_view.h"
 #include "qt/views/view_heard_view.h"
+#include "settings/setup.h"
 #include "transmit/edit_tx_data.h"
 #include "transmit/tx_multi_line.h"
 
@@ -129,6 +131,7 @@ void QtViews::registerViews() {
   m_registry[WindowKind::EditTXData] = ChildWindow(m_editorData, m_editTXData, true);
   m_registry[WindowKind::APRSSetup] = ChildWindow(m_aprsSetupData, m_aprsSetup, true);
   m_registry[WindowKind::TXMultiLine] = ChildWindow(m_txMultiLineData, m_txMultiLine, true);
+  m_registry[WindowKind::Setup] = ChildWindow(m_setupData, m_setup, true);
   // The port rows pop up beside their selectors in the main window's status strip.
   m_registry[WindowKind::TxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(true); },
                                          [] {}, [] {}};

@@ -32,6 +32,8 @@ class MeldView;
 class MonitorFind;
 class TxMultiLineForm;
 class TxMultiLineView;
+class Setup;
+class SetupView;
 class ViewHeard;
 class ViewHeardView;
 
@@ -59,6 +61,7 @@ class QtViews : public Views {
   void attachEditTXData(EditTXData& editor) { m_editorData = &editor; }
   void attachAprsSetup(AprsSetup& setup) { m_aprsSetupData = &setup; }
   void attachTxMultiLine(TxMultiLineForm& multiLine) { m_txMultiLineData = &multiLine; }
+  void attachSetup(Setup& setup) { m_setupData = &setup; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -68,6 +71,7 @@ class QtViews : public Views {
   ViewHeardView* viewHeardView() { return m_viewHeard.get(); }
   AprsSetupView* aprsSetupView() { return m_aprsSetup.get(); }
   TxMultiLineView* txMultiLineView() { return m_txMultiLine.get(); }
+  SetupView* setupView() { return m_setup.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -106,12 +110,14 @@ class QtViews : public Views {
   EditTXData* m_editorData = nullptr;
   AprsSetup* m_aprsSetupData = nullptr;
   TxMultiLineForm* m_txMultiLineData = nullptr;
+  Setup* m_setupData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
   std::unique_ptr<EditTXDataView> m_editTXData;
   std::unique_ptr<AprsSetupView> m_aprsSetup;
   std::unique_ptr<TxMultiLineView> m_txMultiLine;
+  std::unique_ptr<SetupView> m_setup;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<FindView> m_find;

@@ -102,6 +102,7 @@ enum class Command {
   ConsoleStopPending,
   ConsoleMultiLine,
   ConsoleQuit,
+  ConsoleSetup,
 };
 
 struct CommandKey {

@@ -67,7 +67,8 @@ TEST_F(AprsSetupViewTest, RendersTheStructAndHandsClicksAndKeysToTheWindow) {
   EXPECT_EQ(child<QComboBox>(view, "cmbLonDirection")->currentText(), "E");
   EXPECT_TRUE(child<QCheckBox>(view, "chkAPRSCompressed")->isChecked());
   EXPECT_EQ(child<QLabel>(view, "Label2")->text(), "Home");
-  EXPECT_FALSE(child<QPushButton>(view, "Cmdaprsetup")->isEnabled());
+  // "Options..." opens the APRS page of the setup window.
+  EXPECT_TRUE(child<QPushButton>(view, "Cmdaprsetup")->isEnabled());
   EXPECT_EQ(child<QToolButton>(view, "img_APRSImage_1")->toolTip(), "Shutlle");
   // Every icon has its own picture, and the marked one looks different from itself unmarked.
   for (int i = 0; i < kAprsIconRows; ++i)

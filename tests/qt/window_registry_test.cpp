@@ -32,6 +32,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachEditTXData(p.txPanel.editor());
     views.attachAprsSetup(p.aprsSetup);
     views.attachTxMultiLine(p.txMultiLine);
+    views.attachSetup(p.setup);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

@@ -62,7 +62,8 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
           ":aprs [COMMENT]", ":for CALL", ":header", ":heard [0-3]",
           ":locator LOC [ICON] [compressed|plain]", ":msg [TEXT]", ":multiline [1-3 | default 1-3]",
           ":position LATD LATM LATS N|S LOND LONM LONS E|W [ICON] [compressed|plain]", ":quit",
-          ":sent", ":stoppending", ":to CALL", ":via PATH"}));
+          ":sent", ":setup [NAME=VALUE ...] [BUTTON ...] | reset | totalreset | history to|via|for",
+          ":stoppending", ":to CALL", ":via PATH"}));
   // The senders still to be built show grey and never run; so does the position's while no
   // position is set up.
   for (Command c : {Command::cmdTXAPRS, Command::cmdTXConnect})

@@ -159,7 +159,7 @@ AprsSetupView::AprsSetupView(AprsSetup& setup, QWidget* parent)
   col->addWidget(memory);
 
   auto* buttons = new QHBoxLayout;
-  m_options = addButton("Cmdaprsetup", {});
+  m_options = addButton("Cmdaprsetup", [this] { m_setup.Cmdaprsetup_Click(); });
   m_options->setAutoDefault(false);
   m_ok = addButton("Command1", [this] { m_setup.Command1_Click(); });
   m_ok->setDefault(true);

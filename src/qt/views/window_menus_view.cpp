@@ -25,7 +25,8 @@ void WindowMenusView::build(QMainWindow& window, TransmitPanelView& transmit) {
   buildSend(window, transmit);
   m_filterMenu =
       addMenu(window, QObject::tr("&Filters"), Command::menufilters, {0, 1, 2, 3, 5, -1, 15});
-  QMenu* options = addMenu(window, QObject::tr("&Options"), Command::menuoptions, {130, 140});
+  QMenu* options =
+      addMenu(window, QObject::tr("&Options"), Command::menuoptions, {0, -1, 130, 140});
   options->addSeparator();
   m_kit.addAction(options, {Command::mnuLanSetup});
   m_kit.addAction(options, {Command::mnuAPRSSetup});
