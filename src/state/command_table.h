@@ -75,6 +75,7 @@ enum class Command {
   menusends,
   menusend,
   mnuStopPending,
+  cmdLoadMessenger,
   menuheardsend,
   menumheardsend,
   cmdTXMHeard_RightPress,
@@ -98,6 +99,10 @@ enum class Command {
   ConsoleMsg,
   ConsoleSent,
   ConsoleStopPending,
+  ConsoleMessages,
+  ConsoleSaveMessages,
+  ConsoleClearMessages,
+  ConsoleClearSent,
   ConsoleQuit,
 };
 

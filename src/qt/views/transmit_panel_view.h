@@ -56,6 +56,7 @@ class TransmitPanelView : public QObject {
   std::vector<std::pair<Button*, QToolButton*>> m_editButtons;
   std::map<const QObject*, SendButton> m_sendButtons;
   QMenu* m_heardReportMenu = nullptr;  // the popup of cmdTXMHeard: menumheardsend
+  QPushButton* m_messenger = nullptr;  // cmdLoadMessenger, red while a message waits
 };
 
 }  // namespace tesk
