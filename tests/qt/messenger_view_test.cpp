@@ -99,6 +99,9 @@ TEST_F(MessengerViewTest, ListsFilterAndClicksReachTheHandlers) {
   EXPECT_EQ(station->config().LogDigipeatedMessages, 1);
 
   view.findChild<QRadioButton*>("OptViewMessages0")->click();
+  // The two rows of options are apart: a pick in one leaves the other's.
+  EXPECT_TRUE(view.findChild<QRadioButton*>("OptViewMessages0")->isChecked());
+  EXPECT_TRUE(view.findChild<QRadioButton*>("OptLogTypeMessages1")->isChecked());
   received->setCurrentRow(0);
   emit received->itemClicked(received->item(0));
   view.show();
@@ -123,6 +126,10 @@ TEST_F(MessengerViewTest, TheMessengerButtonTurnsRedForAMessageToThisStation) {
   heard("XX8AB", "XX9TK", "for me");
   main.refresh();
   EXPECT_EQ(button->palette().color(QPalette::Button), QColor(255, 0, 0));
+  main.resize(1100, 720);
+  main.show();
+  QCoreApplication::processEvents();
+  main.findChild<QWidget*>("FrameTransmit")->grab().save(testing::PictureFile("messenger_red.png"));
   button->click();
   EXPECT_EQ(platform.simViews.shownWindows.back(), "frmMessenger");
 }

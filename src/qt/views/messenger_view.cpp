@@ -3,6 +3,7 @@
 #include "qt/views/messenger_view.h"
 
 #include <QAction>
+#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QFont>
 #include <QFontMetrics>
@@ -95,6 +96,7 @@ QWidget* MessengerView::buildReceived() {
   m_viewer = new QLabel(box);
   m_viewer->setObjectName(QStringLiteral("lblAPRSMessangerViewer"));
   m_viewer->setFrameShape(QFrame::StyledPanel);
+  m_viewer->setFont(FixedFont(w.fontName));
   m_viewer->setWordWrap(true);
   m_viewer->setTextInteractionFlags(Qt::TextSelectableByMouse);
   m_viewer->setMinimumHeight(QFontMetrics(m_viewer->font()).lineSpacing() * 2 + 8);
@@ -102,9 +104,12 @@ QWidget* MessengerView::buildReceived() {
 
   auto* filters = new QHBoxLayout;
   filters->addWidget(new QLabel(tr("View:"), box));
+  // Two rows of options in one box: each row is its own group, or one row would clear the other.
+  auto* filterGroup = new QButtonGroup(box);
   for (std::size_t i = 0; i < m_filters.size(); ++i) {
     m_filters[i] = new QRadioButton(ToQString(w.OptViewMessages[i].caption), box);
     m_filters[i]->setObjectName(QStringLiteral("OptViewMessages%1").arg(i));
+    filterGroup->addButton(m_filters[i]);
     const int index = static_cast<int>(i);
     connect(m_filters[i], &QRadioButton::clicked, this, [this, index]() {
       m_messenger.OptViewMessages_Click(index);
@@ -123,9 +128,11 @@ QWidget* MessengerView::buildReceived() {
 
   auto* logRow = new QHBoxLayout;
   logRow->addWidget(new QLabel(tr("Store:"), box));
+  auto* logGroup = new QButtonGroup(box);
   for (std::size_t i = 0; i < m_logTypes.size(); ++i) {
     m_logTypes[i] = new QRadioButton(ToQString(w.OptLogTypeMessages[i].caption), box);
     m_logTypes[i]->setObjectName(QStringLiteral("OptLogTypeMessages%1").arg(i));
+    logGroup->addButton(m_logTypes[i]);
     const int index = static_cast<int>(i);
     connect(m_logTypes[i], &QRadioButton::clicked, this, [this, index]() {
       m_messenger.OptLogTypeMessages_Click(index);
