@@ -35,11 +35,14 @@ fail_run() {
   e2e_show "$E2E_DW_LOG")"
 }
 
-# Sets the value line behind [KEY] in the settings file FILE to " VALUE ".
-set_ini() {
+# Sets the value line behind [KEY] in the settings file FILE to " VALUE " (a number, as the file
+# writes numbers), or to TEXT as it stands with set_ini_text.
+set_ini() { set_line "$1" "$2" " $3 "; }
+set_ini_text() { set_line "$1" "$2" "$3"; }
+set_line() {
   local file=$1 key=$2 value=$3
   grep -qxF "[$key]"$'\r' "$file" || fail_run "no [$key] in $file"
-  awk -v key="[$key]"$'\r' -v value=" $value "$'\r' \
+  awk -v key="[$key]"$'\r' -v value="$value"$'\r' \
     '{ if (take) { print value; take = 0 } else print } $0 == key { take = 1 }' "$file" \
     >"$file.new" && mv "$file.new" "$file"
 }
@@ -106,7 +109,7 @@ for call in XX9TK XX8AB; do
   set_ini "$ini" AckInterval 10
   set_ini "$ini" "Log Digipeated Messages" 0
   set_ini "$ini" AutoAnswer 1
-  set_ini "$ini" AutoAnswerText "$REPLY"
+  set_ini_text "$ini" AutoAnswerText "$REPLY"
 done
 
 # 2. Both stations up, the path set.
