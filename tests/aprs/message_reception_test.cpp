@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "alarms/date_stamp.h"
 #include "main/station_parts.h"
 #include "transmit/send_fixture.h"
 
@@ -240,6 +241,48 @@ TEST_F(MessageListTest, TheSixFiltersAndTheTotal) {
   EXPECT_EQ(consoleLines(":messages all").size(), 1u);
   // Without a row the selected one is used: the last chosen, EMAIL.
   EXPECT_EQ(consoleLines(":messages").back(), "Received Messages: 1/7");
+}
+
+TEST_F(MessageListTest, TheConsoleSavesAndClearsWithTheWindowsQuestions) {
+  startWith(Dialect::DireWolf16);
+  SimDialogs& boxes = platform.simDialogs;
+  station->consoleLine(":savemessages");
+  EXPECT_EQ(boxes.shown.back().text, "Nothing to save");
+  log("XX8AB", "XX9TK", "first");
+  log("XX7CD", "BLN", "second");
+  const std::string file = home.file("saved.log");
+  boxes.answers = {file};
+  station->consoleLine(":savemessages");
+  const std::string proposed =
+      home.path() + "/Messages/APRSMessages" + DateStamp(config(), platform.clock()) + ".log";
+  EXPECT_EQ(boxes.shown.back().text, proposed);
+  const std::string saved = ReadFile(file);
+  EXPECT_EQ(saved, stored()[0] + "\r\n" + stored()[1] + "\r\n");
+  // A file that cannot be written: said so, and the list stays.
+  boxes.answers = {"/nonexistent/folder/saved.log"};
+  station->consoleLine(":savemessages");
+  EXPECT_EQ(boxes.shown.back().text, "Could not save /nonexistent/folder/saved.log");
+  EXPECT_EQ(stored().size(), 2u);
+
+  boxes.answers = {"N"};
+  station->consoleLine(":clearmessages");
+  EXPECT_EQ(boxes.shown.back().text, "Do you want remove all the received APRS messages?");
+  EXPECT_EQ(stored().size(), 2u);
+  boxes.answers = {"Y"};
+  station->consoleLine(":clearmessages");
+  EXPECT_TRUE(stored().empty());
+  station->consoleLine(":clearmessages");
+  EXPECT_EQ(boxes.shown.back().text, "Nothing to clear");
+
+  // The sent list: its question, then the rows go and the numbers stay.
+  send("XX8AB");
+  boxes.answers = {"Y"};
+  station->consoleLine(":clearsent");
+  EXPECT_EQ(boxes.shown.back().text, "Do you want remove all your sent APRS messages?");
+  EXPECT_EQ(consoleLines(":sent"),
+            std::vector<std::string>{"No messages sent with an ack request"});
+  station->consoleLine(":clearsent");
+  EXPECT_EQ(boxes.shown.back().text, "Nothing to clear");
 }
 
 TEST_F(MessageListTest, AHeaderWithoutToOrTooShortADataIsPassedOver) {
