@@ -92,6 +92,8 @@ TEST_P(EngineReceptionTest, AMessageForTheStationIsAckedAfterASecondThenAnswered
   // The signs of a message for this station: the button, the For field, the data line's colour.
   EXPECT_EQ(main().cmdLoadMessenger.backColor, RGB(255, 0, 0));
   EXPECT_EQ(main().cmbFor.text, "XX8AB");
+  ASSERT_FALSE(platform.simSound.played.empty());
+  EXPECT_EQ(platform.simSound.played.back(), home.path() + "/Sounds/_Alarm2.wav");
   const std::string monitor = monitorText();
   const std::size_t line = monitor.rfind(":XX9TK    :hello there{12");
   ASSERT_NE(line, std::string::npos);
@@ -110,7 +112,9 @@ TEST_F(ReceptionTest, WhoGetsAnAckAndAnAutoReply) {
   EXPECT_EQ(sentTexts(), std::vector<std::string>{":XX8AB    :ack03"});
   // The own call with an SSID added: acked, as the call is in the data, but not flagged.
   main().cmbFor.text = "";
+  const std::size_t sounds = platform.simSound.played.size();
   hear("XX7CD-9>APRS::XX9TK-7  :hi{5");
+  EXPECT_EQ(platform.simSound.played.size(), sounds);
   EXPECT_EQ(sentTexts().back(), ":XX7CD-9  :[AA] QRV{05");
   EXPECT_EQ(sentTexts()[1], ":XX7CD-9  :ack05");
   EXPECT_EQ(main().cmbFor.text, "");
@@ -299,6 +303,10 @@ TEST_F(MessageListTest, AHeaderWithoutToOrTooShortADataIsPassedOver) {
   EXPECT_TRUE(stored().empty());
   platform.simLoop.run(3);
   EXPECT_TRUE(sentTexts().empty());
+  // A parsed header becomes the sender's call, which the packet log then writes in its place.
+  std::string ackData = ":XX9TK    :ack00";
+  reception().AutoAckCall(good, ackData);
+  EXPECT_EQ(good, "XX8AB");
 }
 
 TEST_F(ReceptionTest, TheOwnEchoIsStoredWithItsWholeText) {
