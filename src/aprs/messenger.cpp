@@ -295,12 +295,12 @@ void Messenger::RegisterCommands(CommandTable& commands) {
       WhileEnabled(m_main.cmdLoadMessenger));
   const auto line = [&commands](Command key, const char* name, const char* usage,
                                 std::function<void(const std::string&)> handler) {
-    CommandSpec spec;
-    spec.key = {key};
-    spec.console = name;
-    spec.usage = usage;
-    spec.handler = std::move(handler);
-    commands.add(std::move(spec));
+    CommandSpec entry;
+    entry.key = {key};
+    entry.console = name;
+    entry.usage = usage;
+    entry.handler = std::move(handler);
+    commands.add(std::move(entry));
   };
   line(Command::ConsoleMessages, "messages", ":messages [0-5]", [this](const std::string& a) {
     const std::string arg = Trim(a);
