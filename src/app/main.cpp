@@ -77,6 +77,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachAprsSetup(parts.aprsSetup);
   views.attachTxMultiLine(parts.txMultiLine);
   views.attachSetup(parts.setup);
+  views.attachMessenger(parts.messenger);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

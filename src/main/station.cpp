@@ -77,6 +77,9 @@ StationParts::StationParts(Station& s)
       heardReports(s.platform(), s.config(), s.run(), s.mainWindow(),
                    HeardReports::Parts{txPanel, uiTextSender, heardList, meld}),
       digipeat(s.platform(), s.config(), s.mainWindow(), digiFlash, sounds, beacon),
+      messageReception(s.platform(), s.config(), s.run(), s.mainWindow(),
+                       MessageReception::Parts{monitor, txPanel, transmit, sounds}),
+      messenger(s.platform(), s.config(), s.run(), s.mainWindow(), messageSending),
       alarms(s.config(), sounds, meld, packetLog),
       connection(s.run(), remoteCommands, handOffs),
       beacon(s.config()),
@@ -153,6 +156,7 @@ void Station::RegisterCommands() {
   p.uiTextSender.RegisterCommands(c);
   p.txMultiLine.RegisterCommands(c);
   p.messageSending.RegisterCommands(c);
+  p.messenger.RegisterCommands(c);
   p.heardReports.RegisterCommands(c);
   p.windowEvents.RegisterCommands(c);
   p.aprsPosition.RegisterCommands(c);

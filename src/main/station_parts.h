@@ -12,6 +12,7 @@
 #include "aprs/aprs_setup.h"
 #include "aprs/message_reception.h"
 #include "aprs/message_sending.h"
+#include "aprs/messenger.h"
 #include "beacon/beacon_scheduler.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
@@ -84,7 +85,8 @@ struct StationParts {
   ViewHeard viewHeard;  // frmViewHeard
   HeardReports heardReports;
   Digipeat digipeat;
-  MessageReception messageReception;
+  MessageReception messageReception;  // APRS messages in: acks, auto-replies, the list
+  Messenger messenger;                // frmMessenger
   Alarms alarms;
   RemoteCommands remoteCommands;
   ConnectionControl connection;

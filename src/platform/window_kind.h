@@ -21,14 +21,15 @@ enum class WindowKind {
   APRSSetup,    // frmAPRSSetup, the position setup
   TXMultiLine,  // frmTXMultiLine, the three pages of multi-line text
   Setup,        // frmSetup, the Setup window
+  Messenger,    // frmMessenger, the APRS messages received and sent
 };
 
-constexpr std::array<WindowKind, 14> kWindowKinds = {
+constexpr std::array<WindowKind, 15> kWindowKinds = {
     WindowKind::Main,        WindowKind::Splash,      WindowKind::Tray,
     WindowKind::TrayPopup,   WindowKind::Meld,        WindowKind::LanSetup,
     WindowKind::EditTXData,  WindowKind::Find,        WindowKind::ViewHeard,
     WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
-    WindowKind::TXMultiLine, WindowKind::Setup};
+    WindowKind::TXMultiLine, WindowKind::Setup,       WindowKind::Messenger};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -61,6 +62,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "frmTXMultiLine";
     case WindowKind::Setup:
       return "frmSetup";
+    case WindowKind::Messenger:
+      return "frmMessenger";
   }
   return "";
 }

@@ -9,6 +9,7 @@
 
 #include "alarms/meld.h"
 #include "aprs/aprs_setup.h"
+#include "aprs/messenger.h"
 #include "base/cp1252.h"
 #include "base/text.h"
 #include "core/monitor_find.h"
@@ -21,6 +22,7 @@
 #include "qt/views/lan_setup_view.h"
 #include "qt/views/main_window_view.h"
 #include "qt/views/meld_view.h"
+#include "qt/views/messenger_view.h"
 #include "qt/views/setup_view.h"
 #include "qt/views/tx_multi_line_view.h"
 #include "qt/views/view_heard_view.h"
@@ -127,6 +129,7 @@ void QtViews::registerViews() {
                                   HideOf(m_find), RefreshOf(m_find)};
   // The details stay beside the main window without taking the keyboard.
   m_registry[WindowKind::ViewHeard] = ChildWindow(m_viewHeardData, m_viewHeard, false);
+  m_registry[WindowKind::Messenger] = ChildWindow(m_messengerData, m_messenger, false);
   m_registry[WindowKind::LanSetup] = ChildWindow(m_lanData, m_lanSetup, true);
   m_registry[WindowKind::EditTXData] = ChildWindow(m_editorData, m_editTXData, true);
   m_registry[WindowKind::APRSSetup] = ChildWindow(m_aprsSetupData, m_aprsSetup, true);

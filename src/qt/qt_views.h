@@ -29,6 +29,8 @@ class LanSetupView;
 class MainWindowView;
 class Meld;
 class MeldView;
+class Messenger;
+class MessengerView;
 class MonitorFind;
 class TxMultiLineForm;
 class TxMultiLineView;
@@ -62,6 +64,7 @@ class QtViews : public Views {
   void attachAprsSetup(AprsSetup& setup) { m_aprsSetupData = &setup; }
   void attachTxMultiLine(TxMultiLineForm& multiLine) { m_txMultiLineData = &multiLine; }
   void attachSetup(Setup& setup) { m_setupData = &setup; }
+  void attachMessenger(Messenger& messenger) { m_messengerData = &messenger; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -72,6 +75,7 @@ class QtViews : public Views {
   AprsSetupView* aprsSetupView() { return m_aprsSetup.get(); }
   TxMultiLineView* txMultiLineView() { return m_txMultiLine.get(); }
   SetupView* setupView() { return m_setup.get(); }
+  MessengerView* messengerView() { return m_messenger.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -111,6 +115,7 @@ class QtViews : public Views {
   AprsSetup* m_aprsSetupData = nullptr;
   TxMultiLineForm* m_txMultiLineData = nullptr;
   Setup* m_setupData = nullptr;
+  Messenger* m_messengerData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
@@ -120,6 +125,7 @@ class QtViews : public Views {
   std::unique_ptr<SetupView> m_setup;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
+  std::unique_ptr<MessengerView> m_messenger;
   std::unique_ptr<FindView> m_find;
   std::unique_ptr<QSplashScreen> m_splash;
   std::function<std::string()> m_splashText;

@@ -1,9 +1,12 @@
 // The message part of the main window's APRS panel: the retry counts of the messages sent with
-// an ack request.
+// an ack request, the key of the newest message heard and the messenger's button.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <string>
+
+#include "platform/controls.h"
 
 namespace tesk {
 
@@ -13,6 +16,16 @@ constexpr int kPendingTriesRows = 21;
 
 struct AprsMessagePanel {
   std::array<int16_t, kPendingTriesRows> PendingTries{};
+  // The key of the newest message heard: from, " | To:", to, " | Message:", text.
+  std::string LastMessageKey;
+  // Opens the messenger; red from a message for this station until an entry is clicked there.
+  Button cmdLoadMessenger = [] {
+    Button b;
+    b.caption = "Messenger";
+    b.toolTip = "APRS Messenger: received and sent messages";
+    b.backColor = kButtonFace;
+    return b;
+  }();
 };
 
 }  // namespace tesk

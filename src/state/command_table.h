@@ -75,6 +75,7 @@ enum class Command {
   menusends,
   menusend,
   mnuStopPending,
+  cmdLoadMessenger,
   menuheardsend,
   menumheardsend,
   cmdTXMHeard_RightPress,
@@ -101,6 +102,10 @@ enum class Command {
   ConsoleSent,
   ConsoleStopPending,
   ConsoleMultiLine,
+  ConsoleMessages,
+  ConsoleSaveMessages,
+  ConsoleClearMessages,
+  ConsoleClearSent,
   ConsoleQuit,
   ConsoleSetup,
 };

@@ -19,6 +19,10 @@ struct PendingMessage {
 };
 constexpr int kPendingRows = 41;
 
+// The received messages: a fixed table with room for a few more than the count ever reaches.
+constexpr int kMessageLogRows = 203;
+constexpr int16_t kMessageLogCap = 200;
+
 struct RunState {
   std::string AppPath;       // program folder, no trailing separator
   std::string SettingsPath;  // AppPath + "/tesk.ini"
@@ -50,6 +54,8 @@ struct RunState {
   std::string ProfileName;
   std::string APRSWorkingText;  // the position text the APRS sender works from
   std::array<PendingMessage, kPendingRows> PendingMessages{};  // kept for the run only
+  std::array<std::string, kMessageLogRows> MessageLog{};       // lost at exit unless saved
+  int16_t MessageLogCount = 0;                                 // held at kMessageLogCap
   // A run-only engine address (the demo engine); never written to the LAN settings.
   std::string OverrideHost;
   int OverridePort = 0;

@@ -1,6 +1,8 @@
 // A message of the console through the default pass at a high time scale: the station it is
-// for acks it over the satellite, and the ack shows in the Monitor.
+// for acks it over the satellite, the ack shows in the Monitor and answers the message.
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include "base/text.h"
 #include "sim/sim_engine_bench.h"
@@ -38,6 +40,16 @@ TEST(MessageDemoPass, AStationOfThePassAcksTheConsolesMessage) {
   // Its header is the station's, repeated by the satellite.
   const long header = InStrRev(Left(monitor, ack), "Fm ");
   EXPECT_EQ(Mid(monitor, header, 28), "Fm XX1ABC To APRS Via ARISS*");
+  // The ack answers the message: no more retries, Y in the sent list; and, repeated by the
+  // satellite, it is stored with the factory [Log Digipeated Messages].
+  EXPECT_EQ(station.run().PendingMessages[0].PendingDone, 100);
+  const RunState& run = station.run();
+  EXPECT_NE(std::find_if(run.MessageLog.begin(), run.MessageLog.begin() + run.MessageLogCount,
+                         [](const std::string& entry) {
+                           return InStr(entry, "From:XX1ABC    | To:XX9TK     | Message:ack00") > 0;
+                         }),
+            run.MessageLog.begin() + run.MessageLogCount)
+      << run.MessageLog[0];
 }
 
 }  // namespace

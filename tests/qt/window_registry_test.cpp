@@ -33,6 +33,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachAprsSetup(p.aprsSetup);
     views.attachTxMultiLine(p.txMultiLine);
     views.attachSetup(p.setup);
+    views.attachMessenger(p.messenger);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

@@ -182,6 +182,10 @@ void TransmitPanelView::addButtons(QWidget* parent, QGridLayout* grid) {
   grid->addWidget(add(d.cmdTXConnect, Command::cmdTXConnect, "cmdTXConnect", tr("&Connect")), 1, 7);
   grid->addWidget(sendAprs, 2, 6);
   grid->addWidget(sendMsg, 3, 6);
+  m_messenger =
+      add(d.cmdLoadMessenger, Command::cmdLoadMessenger, "cmdLoadMessenger", tr("Messenger"));
+  m_messenger->setToolTip(ToQString(d.cmdLoadMessenger.toolTip));
+  grid->addWidget(m_messenger, 3, 7);
 }
 
 QWidget* TransmitPanelView::build(QWidget* parent) {
@@ -409,6 +413,8 @@ void TransmitPanelView::render() {
     widget->setVisible(data->visible);
     widget->setEnabled(data->enabled && m_kit.handlers().txPanel != nullptr);
   }
+  if (m_messenger != nullptr)
+    PaintColors(m_messenger, m_kit.data().cmdLoadMessenger, QPalette::ButtonText, QPalette::Button);
 }
 
 }  // namespace tesk

@@ -59,6 +59,7 @@ class TransmitPanelView : public QObject {
   std::map<const QObject*, SendButton> m_sendButtons;
   QMenu* m_heardReportMenu = nullptr;  // the popup of cmdTXMHeard: menumheardsend
   QMenu* m_multiLineMenu = nullptr;    // the popup of CmdTXMultiLineDirect: mnu_multiline
+  QPushButton* m_messenger = nullptr;  // cmdLoadMessenger, red while a message waits
 };
 
 }  // namespace tesk
