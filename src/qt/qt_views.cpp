@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "alarms/meld.h"
+#include "alarms/statistics.h"
 #include "aprs/aprs_setup.h"
 #include "base/cp1252.h"
 #include "base/text.h"
@@ -21,6 +22,7 @@
 #include "qt/views/lan_setup_view.h"
 #include "qt/views/main_window_view.h"
 #include "qt/views/meld_view.h"
+#include "qt/views/statistics_view.h"
 #include "qt/views/view_heard_view.h"
 #include "transmit/edit_tx_data.h"
 
@@ -126,6 +128,7 @@ void QtViews::registerViews() {
   m_registry[WindowKind::LanSetup] = ChildWindow(m_lanData, m_lanSetup, true);
   m_registry[WindowKind::EditTXData] = ChildWindow(m_editorData, m_editTXData, true);
   m_registry[WindowKind::APRSSetup] = ChildWindow(m_aprsSetupData, m_aprsSetup, true);
+  m_registry[WindowKind::Statistics] = ChildWindow(m_statisticsData, m_statistics, true);
   // The port rows pop up beside their selectors in the main window's status strip.
   m_registry[WindowKind::TxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(true); },
                                          [] {}, [] {}};

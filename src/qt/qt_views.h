@@ -30,6 +30,8 @@ class MainWindowView;
 class Meld;
 class MeldView;
 class MonitorFind;
+class Statistics;
+class StatisticsView;
 class ViewHeard;
 class ViewHeardView;
 
@@ -56,6 +58,7 @@ class QtViews : public Views {
   void attachLanSetup(LanSetup& lan) { m_lanData = &lan; }
   void attachEditTXData(EditTXData& editor) { m_editorData = &editor; }
   void attachAprsSetup(AprsSetup& setup) { m_aprsSetupData = &setup; }
+  void attachStatistics(Statistics& statistics) { m_statisticsData = &statistics; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -64,6 +67,7 @@ class QtViews : public Views {
   MeldView* meldView() { return m_meld.get(); }
   ViewHeardView* viewHeardView() { return m_viewHeard.get(); }
   AprsSetupView* aprsSetupView() { return m_aprsSetup.get(); }
+  StatisticsView* statisticsView() { return m_statistics.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -101,11 +105,13 @@ class QtViews : public Views {
   LanSetup* m_lanData = nullptr;
   EditTXData* m_editorData = nullptr;
   AprsSetup* m_aprsSetupData = nullptr;
+  Statistics* m_statisticsData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
   std::unique_ptr<EditTXDataView> m_editTXData;
   std::unique_ptr<AprsSetupView> m_aprsSetup;
+  std::unique_ptr<StatisticsView> m_statistics;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<FindView> m_find;

@@ -55,6 +55,7 @@ enum class Command {
   menufind,
   menuFindNext,
   menufindcount,
+  cmdStatistics,
   // the stations heard and the own digipeats
   cmdMHeardClear,
   cmdMheardSave,
@@ -98,6 +99,8 @@ enum class Command {
   ConsoleMsg,
   ConsoleSent,
   ConsoleStopPending,
+  ConsoleReport,
+  ConsoleStats,
   ConsoleQuit,
 };
 
