@@ -157,7 +157,7 @@ void Reports::ConsoleReport(const std::string& argument) {
     if (!path.empty()) views.notice("Report saved: " + path);
   } else if (what == "mail") {
     const std::string path = MailReport();
-    if (!path.empty()) views.notice("Report for the mail program: " + path);
+    if (!path.empty()) views.notice("Report written: " + path);
   } else {
     views.notice(std::string("Usage: ") + kReportUsage);
   }

@@ -256,8 +256,7 @@ TEST_F(ReportsTest, TheFileMenuAndTheConsoleRunTheSameRoutines) {
   station->consoleLine(":report save");
   EXPECT_EQ(platform.simViews.notices.back(), "Report saved: " + reportPath("x.txt"));
   station->consoleLine(":report mail");
-  EXPECT_EQ(platform.simViews.notices.back(),
-            "Report for the mail program: " + reportPath("22-11-2026__.txt"));
+  EXPECT_EQ(platform.simViews.notices.back(), "Report written: " + reportPath("22-11-2026__.txt"));
   station->consoleLine(":report");
   EXPECT_EQ(platform.simViews.notices.back(), "Usage: :report save|mail");
 }

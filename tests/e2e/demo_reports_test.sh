@@ -92,9 +92,9 @@ grep -q $'^\\*\\*\\* End of TESK Report \\*\\*\\*\r$' "$saved" || e2e_fail "no e
 
 # The mail hand-off: the stand-in gets one mailto: address naming the __.txt file.
 printf ':report mail\n' >&8
-e2e_wait_grep -F "$out" 'Report for the mail program: ' 10 "$tesk_pid" ||
+e2e_wait_grep -F "$out" 'Report written: ' 10 "$tesk_pid" ||
   e2e_fail "no mail report"$'\n'"$(report)"
-mailed=$(grep 'Report for the mail program: ' "$out" | tail -1 | sed 's/^Report for the mail program: //')
+mailed=$(grep 'Report written: ' "$out" | tail -1 | sed 's/^Report written: //')
 [[ "$mailed" == *__.txt && -f "$mailed" ]] || e2e_fail "no __.txt report: '$mailed'"
 for _ in $(seq 50); do
   [[ -s "$handed" ]] && break

@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "qt/qt_text.h"
@@ -97,6 +98,9 @@ StatisticsView::StatisticsView(Statistics& statistics, QWidget* parent)
   buttons->addStretch(1);
   m_command1 = add(w.Command1, "Command1", &Statistics::Command1_Click);
   m_command1->setDefault(true);
+  // Escape closes it as the Close button does.
+  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(escape, &QShortcut::activated, this, [this]() { press(&Statistics::Command1_Click); });
   col->addLayout(buttons);
   refresh();
 }
