@@ -54,11 +54,9 @@ void CountOwn(const std::string& text, const std::string& ownCall, MonitorCounts
 long CountHeard(const std::string& text) {
   std::unordered_set<std::string> seen;
   for (std::size_t p = text.find("Fm "); p != std::string::npos; p = text.find("Fm ", p + 1)) {
-    // The 0-based place taken as a 1-based start begins one character early and so cuts a call
-    // after 7 characters ("DL1XYZ-7" and "DL1XYZ-9" count as one); kept as counted always.
-    // At the very start of the text that start is 0, whose statement fails and is passed over;
-    // kept too.
+    // Deliberate: a hit at the very start gives the start 0, which fails and is passed over.
     if (p == 0) continue;
+    // Deliberate: the 0-based place read as a 1-based start cuts a call after 7 characters.
     seen.insert(Trim(Mid(text, static_cast<long>(p), kHeardWidth)));
     // The list holds 256; a further one stops it, and nothing after can change the count.
     if (seen.size() >= Statistics::kHeardCap) break;
@@ -117,6 +115,7 @@ MonitorCounts CountMonitor(const RichText& monitor, const std::string& fontName,
   pause();
   // Each may come out negative on an edited Monitor; such a count shows as 0.
   c.dama = std::max(0L, c.total - c.ui);
+  // Deliberate: the own digipeated frames are added to what was received, as always counted.
   c.rx = std::max(0L, c.total - c.tx + c.digi);
   // Without frames sent the division fails and the efficiency stays 0.
   if (c.tx != 0) c.efficiency = std::max(0.0, static_cast<double>(c.digi) / c.tx * 100);
@@ -285,6 +284,8 @@ void Statistics::RegisterCommands(CommandTable& commands) {
   console.console = "stats";
   console.usage = ":stats";
   console.handler = [this](const std::string&) {
+    // A line read while counting waits for nothing: the count in hand prints its own lines.
+    if (m_counting) return;
     Show();
     for (const std::string& line : ConsoleLines())
       m_platform.views().notice(line);
