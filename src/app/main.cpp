@@ -78,6 +78,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachTxMultiLine(parts.txMultiLine);
   views.attachSetup(parts.setup);
   views.attachMessenger(parts.messenger);
+  views.attachStatistics(parts.statistics);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

@@ -81,6 +81,9 @@ StationParts::StationParts(Station& s)
                        MessageReception::Parts{monitor, txPanel, transmit, sounds}),
       messenger(s.platform(), s.config(), s.run(), s.mainWindow(), messageSending),
       alarms(s.config(), sounds, meld, packetLog),
+      reports(s.platform(), s.config(), s.run(), s.mainWindow(), meld),
+      statistics(s.platform(), s.config(), s.run(), s.mainWindow(),
+                 Statistics::Parts{monitor, find, digipeat}),
       connection(s.run(), remoteCommands, handOffs),
       beacon(s.config()),
       core(s.platform(), s.config(), s.run(), s.mainWindow(),
@@ -109,6 +112,7 @@ StationParts::StationParts(Station& s)
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
+  monitor.OpenStatistics = [this] { statistics.Show(); };
 }
 
 Station::Station(Platform& platform, StationOptions options)
@@ -162,11 +166,11 @@ void Station::RegisterCommands() {
   p.aprsPosition.RegisterCommands(c);
   p.aprsSetup.RegisterCommands(c);
   p.setup.RegisterCommands(c);
+  p.reports.RegisterCommands(c);
+  p.statistics.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);
-  c.addUnbuilt({Command::menufiles, 40}, "Save As &Report...", &m.menufiles[40]);
-  c.addUnbuilt({Command::menufiles, 50}, "&Mail Report...", &m.menufiles[50]);
   c.addUnbuilt({Command::mnuBeacon}, "&Beacon setup...");
   c.addUnbuilt({Command::menuextras}, "(no add-ons)");
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");

@@ -7,7 +7,9 @@
 #include "alarms/alarms.h"
 #include "alarms/meld.h"
 #include "alarms/packet_log.h"
+#include "alarms/reports.h"
 #include "alarms/sound_table.h"
+#include "alarms/statistics.h"
 #include "aprs/aprs_position.h"
 #include "aprs/aprs_setup.h"
 #include "aprs/message_reception.h"
@@ -88,6 +90,8 @@ struct StationParts {
   MessageReception messageReception;  // APRS messages in: acks, auto-replies, the list
   Messenger messenger;                // frmMessenger
   Alarms alarms;
+  Reports reports;        // the reports of a pass, saved or mailed
+  Statistics statistics;  // FrmStatistics
   RemoteCommands remoteCommands;
   ConnectionControl connection;
   BeaconScheduler beacon;

@@ -121,6 +121,8 @@ class Shell {
   virtual int run(const std::string& commandLine, const std::string& workingDir) = 0;
   // Hands an address (web page, mail) to the desktop. Returns 0 or an error number.
   virtual int openUrl(const std::string& url) = 0;
+  // Hands a mailto: address to the desktop's mail program. Returns 0 or an error number.
+  virtual int openMail(const std::string& url) = 0;
   // A "window" of a program: on Linux the running program of that name, of this user.
   // Returns a handle (a process id) or 0.
   virtual long findProgramWindow(const std::string& title) = 0;

@@ -22,14 +22,16 @@ enum class WindowKind {
   TXMultiLine,  // frmTXMultiLine, the three pages of multi-line text
   Setup,        // frmSetup, the Setup window
   Messenger,    // frmMessenger, the APRS messages received and sent
+  Statistics,   // FrmStatistics, the counts of the Monitor and the console's state
 };
 
-constexpr std::array<WindowKind, 15> kWindowKinds = {
+constexpr std::array<WindowKind, 16> kWindowKinds = {
     WindowKind::Main,        WindowKind::Splash,      WindowKind::Tray,
     WindowKind::TrayPopup,   WindowKind::Meld,        WindowKind::LanSetup,
     WindowKind::EditTXData,  WindowKind::Find,        WindowKind::ViewHeard,
     WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
-    WindowKind::TXMultiLine, WindowKind::Setup,       WindowKind::Messenger};
+    WindowKind::TXMultiLine, WindowKind::Setup,       WindowKind::Messenger,
+    WindowKind::Statistics};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -64,6 +66,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "frmSetup";
     case WindowKind::Messenger:
       return "frmMessenger";
+    case WindowKind::Statistics:
+      return "FrmStatistics";
   }
   return "";
 }

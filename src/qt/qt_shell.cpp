@@ -8,6 +8,7 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 #include <cstdlib>
 #include <filesystem>
@@ -56,6 +57,15 @@ int QtShell::openUrl(const std::string& url) {
     return QDesktopServices::openUrl(address) ? 0 : 2;
   }
   return QProcess::startDetached(QStringLiteral("xdg-open"), {address.toString()}) ? 0 : 2;
+}
+
+int QtShell::openMail(const std::string& url) {
+  // The desktop's mail hand-off, windowed or not: xdg-email knows the user's mail program;
+  // where it is missing, xdg-open still hands a mailto: address to whatever takes it.
+  QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+  if (program.isEmpty()) program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+  if (program.isEmpty()) return kFileNotFound;
+  return QProcess::startDetached(program, {ToQString(url)}) ? 0 : kFileNotFound;
 }
 
 long QtShell::FindProcess(const std::string& title, const std::string& procRoot) {

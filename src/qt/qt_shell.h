@@ -10,6 +10,7 @@ class QtShell : public Shell {
  public:
   int run(const std::string& commandLine, const std::string& workingDir) override;
   int openUrl(const std::string& url) override;
+  int openMail(const std::string& url) override;
   long findProgramWindow(const std::string& title) override;
   void closeProgramWindow(long handle) override;
 

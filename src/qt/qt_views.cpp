@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "alarms/meld.h"
+#include "alarms/statistics.h"
 #include "aprs/aprs_setup.h"
 #include "aprs/messenger.h"
 #include "base/cp1252.h"
@@ -24,6 +25,7 @@
 #include "qt/views/meld_view.h"
 #include "qt/views/messenger_view.h"
 #include "qt/views/setup_view.h"
+#include "qt/views/statistics_view.h"
 #include "qt/views/tx_multi_line_view.h"
 #include "qt/views/view_heard_view.h"
 #include "settings/setup.h"
@@ -135,6 +137,7 @@ void QtViews::registerViews() {
   m_registry[WindowKind::APRSSetup] = ChildWindow(m_aprsSetupData, m_aprsSetup, true);
   m_registry[WindowKind::TXMultiLine] = ChildWindow(m_txMultiLineData, m_txMultiLine, true);
   m_registry[WindowKind::Setup] = ChildWindow(m_setupData, m_setup, true);
+  m_registry[WindowKind::Statistics] = ChildWindow(m_statisticsData, m_statistics, true);
   // The port rows pop up beside their selectors in the main window's status strip.
   m_registry[WindowKind::TxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(true); },
                                          [] {}, [] {}};

@@ -36,6 +36,8 @@ class TxMultiLineForm;
 class TxMultiLineView;
 class Setup;
 class SetupView;
+class Statistics;
+class StatisticsView;
 class ViewHeard;
 class ViewHeardView;
 
@@ -65,6 +67,7 @@ class QtViews : public Views {
   void attachTxMultiLine(TxMultiLineForm& multiLine) { m_txMultiLineData = &multiLine; }
   void attachSetup(Setup& setup) { m_setupData = &setup; }
   void attachMessenger(Messenger& messenger) { m_messengerData = &messenger; }
+  void attachStatistics(Statistics& statistics) { m_statisticsData = &statistics; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -76,6 +79,7 @@ class QtViews : public Views {
   TxMultiLineView* txMultiLineView() { return m_txMultiLine.get(); }
   SetupView* setupView() { return m_setup.get(); }
   MessengerView* messengerView() { return m_messenger.get(); }
+  StatisticsView* statisticsView() { return m_statistics.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -116,6 +120,7 @@ class QtViews : public Views {
   TxMultiLineForm* m_txMultiLineData = nullptr;
   Setup* m_setupData = nullptr;
   Messenger* m_messengerData = nullptr;
+  Statistics* m_statisticsData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
@@ -123,6 +128,7 @@ class QtViews : public Views {
   std::unique_ptr<AprsSetupView> m_aprsSetup;
   std::unique_ptr<TxMultiLineView> m_txMultiLine;
   std::unique_ptr<SetupView> m_setup;
+  std::unique_ptr<StatisticsView> m_statistics;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<MessengerView> m_messenger;

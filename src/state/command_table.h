@@ -55,6 +55,7 @@ enum class Command {
   menufind,
   menuFindNext,
   menufindcount,
+  cmdStatistics,
   // the stations heard and the own digipeats
   cmdMHeardClear,
   cmdMheardSave,
@@ -106,6 +107,8 @@ enum class Command {
   ConsoleSaveMessages,
   ConsoleClearMessages,
   ConsoleClearSent,
+  ConsoleReport,
+  ConsoleStats,
   ConsoleQuit,
   ConsoleSetup,
 };

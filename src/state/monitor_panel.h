@@ -34,6 +34,7 @@ struct MonitorPanel {
 
   Button cmdMonitorClear, cmdMonitorCut, cmdMonitorCopy, cmdMonitorPaste, cmdMonitorSave,
       cmdMonitorOpen, cmdMonitorPrint, cmdFind;
+  Button cmdStatistics;  // opens the statistics of what the Monitor holds
   MenuItem menufind, menufindcount, ExportToASCII;
   MenuItem menuFindNext = [] {
     MenuItem m;

@@ -67,7 +67,7 @@ TEST_F(MonitorMenusTest, EditAndOptionsEntriesFollowEachOperation) {
   QAction* edit = entry("Edit", "Enable Monitor for Edit");
   QAction* optionsFreeze = entry("Options", "Freeze Monitor");
   QAction* optionsEdit = entry("Options", "Enable Monitor for Edit");
-  // Items 100 to 140 belong to the right-click menu; 130 and 140 have no window yet.
+  // Items 100 to 140 belong to the right-click menu.
   EXPECT_FALSE(freeze->isVisible());
   EXPECT_FALSE(entry("Edit", "Statistics...")->isVisible());
   EXPECT_TRUE(edit->isVisible());
@@ -75,8 +75,9 @@ TEST_F(MonitorMenusTest, EditAndOptionsEntriesFollowEachOperation) {
   EXPECT_FALSE(entry("Edit", "Find Next")->isEnabled());
   EXPECT_TRUE(entry("Edit", "Find...")->isEnabled());
   EXPECT_TRUE(entry("File", "Save As ASCII or Log...")->isEnabled());
-  for (const char* name : {"cmdMonitorClear", "cmdMonitorCut", "cmdMonitorCopy", "cmdMonitorPaste",
-                           "cmdMonitorSave", "cmdMonitorOpen", "cmdMonitorPrint", "cmdFind"}) {
+  for (const char* name :
+       {"cmdMonitorClear", "cmdMonitorCut", "cmdMonitorCopy", "cmdMonitorPaste", "cmdMonitorSave",
+        "cmdMonitorOpen", "cmdMonitorPrint", "cmdFind", "cmdStatistics"}) {
     ASSERT_NE(button(name), nullptr) << name;
     EXPECT_TRUE(button(name)->isEnabled()) << name;
   }
@@ -146,7 +147,8 @@ TEST_F(MonitorMenusTest, RightClickShowsTheMonitorItemsWhileTheMenuIsUp) {
     EXPECT_TRUE(entry("Edit", "Freeze Monitor")->isVisible());
     EXPECT_TRUE(entry("Edit", "View Only Data in  Monitor")->isVisible());
     EXPECT_TRUE(entry("Edit", "Statistics...")->isVisible());
-    EXPECT_FALSE(entry("Edit", "Statistics...")->isEnabled());
+    EXPECT_TRUE(entry("Edit", "Statistics...")->isEnabled());
+    EXPECT_TRUE(entry("Edit", "Setup Monitor...")->isEnabled());  // the Setup window's Monitor page
     entry("Edit", "View Only Data in  Monitor")->trigger();
     popup->close();
   });

@@ -34,6 +34,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachTxMultiLine(p.txMultiLine);
     views.attachSetup(p.setup);
     views.attachMessenger(p.messenger);
+    views.attachStatistics(p.statistics);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

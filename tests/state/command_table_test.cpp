@@ -58,13 +58,26 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
   EXPECT_EQ(table.keys().size(), before);
   EXPECT_EQ(table.consoleUsages(),
             (std::vector<std::string>{
-                ":aprs [COMMENT]", ":clearmessages", ":clearsent", ":for CALL", ":header",
-                ":heard [0-3]", ":locator LOC [ICON] [compressed|plain]", ":messages [0-5]",
-                ":msg [TEXT]", ":multiline [1-3 | default 1-3]",
+                ":aprs [COMMENT]",
+                ":clearmessages",
+                ":clearsent",
+                ":for CALL",
+                ":header",
+                ":heard [0-3]",
+                ":locator LOC [ICON] [compressed|plain]",
+                ":messages [0-5]",
+                ":msg [TEXT]",
+                ":multiline [1-3 | default 1-3]",
                 ":position LATD LATM LATS N|S LOND LONM LONS E|W [ICON] [compressed|plain]",
-                ":quit", ":savemessages", ":sent",
+                ":quit",
+                ":report save|mail",
+                ":savemessages",
+                ":sent",
                 ":setup [NAME=VALUE ...] [BUTTON ...] | reset | totalreset | history to|via|for",
-                ":stoppending", ":to CALL", ":via PATH"}));
+                ":stats",
+                ":stoppending",
+                ":to CALL",
+                ":via PATH"}));
   // The senders still to be built show grey and never run; so does the position's while no
   // position is set up.
   for (Command c : {Command::cmdTXAPRS, Command::cmdTXConnect})

@@ -92,6 +92,10 @@ class SimShell : public Shell {
  public:
   int run(const std::string& commandLine, const std::string& workingDir) override;
   int openUrl(const std::string& url) override;
+  int openMail(const std::string& url) override {
+    mails.push_back(url);
+    return openMailResult;
+  }
   long findProgramWindow(const std::string& title) override;
   void closeProgramWindow(long handle) override { closed.push_back(handle); }
 
@@ -101,6 +105,8 @@ class SimShell : public Shell {
   std::vector<long> closed;
   int runResult = 0;
   int openUrlResult = 0;
+  std::vector<std::string> mails;  // the mailto: addresses handed over
+  int openMailResult = 0;
 };
 
 class SimPrinter : public Printer {

@@ -82,6 +82,8 @@ QWidget* MonitorPanelView::buildControls(QWidget* parent) {
        "document-print"},
       {d.cmdMonitorClear, Command::cmdMonitorClear, "cmdMonitorClear", QObject::tr("Clear"),
        "edit-clear"},
+      {d.cmdStatistics, Command::cmdStatistics, "cmdStatistics", QObject::tr("Stats..."),
+       "document-properties"},
   };
   for (const Entry& e : entries) {
     QPushButton* b = m_kit.addButton(bar, e.data, e.command, e.name, e.caption);
