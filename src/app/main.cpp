@@ -75,6 +75,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachViewHeard(parts.viewHeard);
   views.attachEditTXData(parts.txPanel.editor());
   views.attachAprsSetup(parts.aprsSetup);
+  views.attachBeacon(parts.beaconSetup);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

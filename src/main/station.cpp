@@ -59,7 +59,8 @@ StationParts::StationParts(Station& s)
       digipeat(s.platform(), s.config(), s.mainWindow(), digiFlash, sounds, beacon),
       alarms(s.config(), sounds, meld, packetLog),
       connection(s.run(), remoteCommands, handOffs),
-      beacon(s.config()),
+      beacon(s.platform(), s.config(), s.mainWindow()),
+      beaconSetup(s.platform(), s.config(), s.run(), s.mainWindow(), beacon),
       core(s.platform(), s.config(), s.run(), s.mainWindow(),
            PacketCore::Parts{tcpLink, monitor, filters, mailbox, heardList, digipeat,
                              messageReception, packetLog, alarms, connection, beacon, digiFlash,
@@ -132,12 +133,12 @@ void Station::RegisterCommands() {
   p.windowEvents.RegisterCommands(c);
   p.aprsPosition.RegisterCommands(c);
   p.aprsSetup.RegisterCommands(c);
+  p.beaconSetup.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);
   c.addUnbuilt({Command::menufiles, 40}, "Save As &Report...", &m.menufiles[40]);
   c.addUnbuilt({Command::menufiles, 50}, "&Mail Report...", &m.menufiles[50]);
-  c.addUnbuilt({Command::mnuBeacon}, "&Beacon setup...");
   c.addUnbuilt({Command::menuextras}, "(no add-ons)");
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");
   c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");

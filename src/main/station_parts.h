@@ -13,6 +13,7 @@
 #include "aprs/message_reception.h"
 #include "aprs/message_sending.h"
 #include "beacon/beacon_scheduler.h"
+#include "beacon/beacon_setup.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
 #include "connected/text_sending.h"
@@ -50,7 +51,8 @@ class Station;
 struct StationParts {
   explicit StationParts(Station& station);
 
-  HandOffLog handOffs;  // the order of the receive path's hand-offs, when recording
+  HandOffLog handOffs;      // the order of the receive path's hand-offs, when recording
+  HandOffLog klokkenSteps;  // the order of the one-second tick's steps, when recording
   MonitorConsole monitor;
   Meld meld;
   SoundTable sounds;
@@ -85,6 +87,7 @@ struct StationParts {
   RemoteCommands remoteCommands;
   ConnectionControl connection;
   BeaconScheduler beacon;
+  BeaconSetup beaconSetup;  // the window Beacon
   PacketCore core;
   Startup startup;
   WindowEvents windowEvents;

@@ -19,12 +19,14 @@ enum class WindowKind {
   TxPortPopup,  // menuAgwport, the transmit port rows
   RxPortPopup,  // menuAgwportRX, the receive port rows
   APRSSetup,    // frmAPRSSetup, the position setup
+  Beacon,       // Beacon, the beacon settings
 };
 
-constexpr std::array<WindowKind, 12> kWindowKinds = {
+constexpr std::array<WindowKind, 13> kWindowKinds = {
     WindowKind::Main,      WindowKind::Splash,      WindowKind::Tray,        WindowKind::TrayPopup,
     WindowKind::Meld,      WindowKind::LanSetup,    WindowKind::EditTXData,  WindowKind::Find,
-    WindowKind::ViewHeard, WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup};
+    WindowKind::ViewHeard, WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
+    WindowKind::Beacon};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -53,6 +55,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "menuAgwportRX";
     case WindowKind::APRSSetup:
       return "frmAPRSSetup";
+    case WindowKind::Beacon:
+      return "Beacon";
   }
   return "";
 }

@@ -20,6 +20,8 @@ namespace tesk {
 struct MainWindow;
 class AprsSetup;
 class AprsSetupView;
+class BeaconSetup;
+class BeaconView;
 class CommandTable;
 class EditTXData;
 class EditTXDataView;
@@ -56,6 +58,7 @@ class QtViews : public Views {
   void attachLanSetup(LanSetup& lan) { m_lanData = &lan; }
   void attachEditTXData(EditTXData& editor) { m_editorData = &editor; }
   void attachAprsSetup(AprsSetup& setup) { m_aprsSetupData = &setup; }
+  void attachBeacon(BeaconSetup& setup) { m_beaconData = &setup; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -64,6 +67,7 @@ class QtViews : public Views {
   MeldView* meldView() { return m_meld.get(); }
   ViewHeardView* viewHeardView() { return m_viewHeard.get(); }
   AprsSetupView* aprsSetupView() { return m_aprsSetup.get(); }
+  BeaconView* beaconView() { return m_beacon.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -101,11 +105,13 @@ class QtViews : public Views {
   LanSetup* m_lanData = nullptr;
   EditTXData* m_editorData = nullptr;
   AprsSetup* m_aprsSetupData = nullptr;
+  BeaconSetup* m_beaconData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
   std::unique_ptr<EditTXDataView> m_editTXData;
   std::unique_ptr<AprsSetupView> m_aprsSetup;
+  std::unique_ptr<BeaconView> m_beacon;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<FindView> m_find;

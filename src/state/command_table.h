@@ -24,6 +24,7 @@ enum class Command {
   mnuLanSetup,
   mnuAPRSSetup,
   mnuBeacon,
+  lblBeacon_DblClick,
   menuextras,
   mnuRuns,
   mnuHelp,
@@ -99,6 +100,7 @@ enum class Command {
   ConsoleSent,
   ConsoleStopPending,
   ConsoleQuit,
+  ConsoleBeacon,
 };
 
 struct CommandKey {

@@ -31,6 +31,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachLanSetup(p.lanSetup);
     views.attachEditTXData(p.txPanel.editor());
     views.attachAprsSetup(p.aprsSetup);
+    views.attachBeacon(p.beaconSetup);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

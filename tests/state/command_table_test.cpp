@@ -58,8 +58,8 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
   EXPECT_EQ(table.keys().size(), before);
   EXPECT_EQ(table.consoleUsages(),
             (std::vector<std::string>{
-                ":aprs [COMMENT]", ":for CALL", ":header", ":heard [0-3]",
-                ":locator LOC [ICON] [compressed|plain]", ":msg [TEXT]",
+                ":aprs [COMMENT]", ":beacon [toggle | NAME=VALUE ... BUTTON ...]", ":for CALL",
+                ":header", ":heard [0-3]", ":locator LOC [ICON] [compressed|plain]", ":msg [TEXT]",
                 ":position LATD LATM LATS N|S LOND LONM LONS E|W [ICON] [compressed|plain]",
                 ":quit", ":sent", ":stoppending", ":to CALL", ":via PATH"}));
   // The senders still to be built show grey and never run; so does the position's while no
