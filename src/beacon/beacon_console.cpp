@@ -114,6 +114,18 @@ ScriptForm BeaconSetup::scriptForm() {
       "txtAddFilePath", ScriptKind::Text, 1, [&w](int) -> TextBox& { return w.txtAddFilePath; },
       nullptr, nullptr, nullptr);
 
+  // The Shadow frame's fields, reachable while the frame shows.
+  text(
+      "txtISOcode", ScriptKind::Text, 1, [&w](int) -> TextBox& { return w.txtISOcode; }, nullptr,
+      nullptr, nullptr);
+  text(
+      "txtShExpPause", ScriptKind::Text, 1, [&w](int) -> TextBox& { return w.txtShExpPause; },
+      [this](int, char k) { txtShExpPause_KeyPress(k); }, nullptr, digits4);
+  for (std::size_t last : {list.size() - 2, list.size() - 1}) {
+    const auto plain = list[last].enabled;
+    list[last].enabled = [plain, inShadowFrame](int i) { return inShadowFrame() && plain(i); };
+  }
+
   ScriptControl lines =
       ScriptControlOf("OptWhichBeaconLines", ScriptKind::Option, kBeaconLineChoices);
   lines.enabled = [&w](int i) {
@@ -161,6 +173,12 @@ ScriptForm BeaconSetup::scriptForm() {
       "cmdPasteCurrentStoptime", kBeaconTimeWindows,
       [&w](int i) -> Button& { return w.cmdPasteCurrentStoptime[static_cast<std::size_t>(i)]; },
       [this](int i) { cmdPasteCurrentStoptime_Click(i); });
+  button(
+      "cmdBrowseAddFilePath", 1, [&w](int) -> Button& { return w.cmdBrowseAddFilePath; },
+      [this](int) { cmdBrowseAddFilePath_Click(); });
+  button(
+      "cmdEditAddFile", 1, [&w](int) -> Button& { return w.cmdEditAddFile; },
+      [this](int) { cmdEditAddFile_Click(); });
   button(
       "Command1", 1, [&w](int) -> Button& { return w.Command1; },
       [this](int) { Command1_Click(); });

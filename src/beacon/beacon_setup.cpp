@@ -20,6 +20,7 @@ constexpr int kItemText = 1, kItemPosition = 10, kItemMessage = 100, kItemFile =
               kItemMHeard = 10000;
 constexpr float kNoItems = 100000;
 constexpr Color kGreyedBox = static_cast<Color>(0x8000000F);
+constexpr double kShadowIntervals = 6;  // the Shadow frame shows below this interval
 
 CheckBox Check(const std::string& caption, const std::string& toolTip = {}) {
   CheckBox c;
@@ -190,6 +191,7 @@ void BeaconSetup::Form_Load() {
   } else {
     CheckInaktief();
   }
+  showShadowFrameByInterval();
   PCTimer1_Timer();
 }
 
@@ -266,7 +268,24 @@ void BeaconSetup::OptWhichBeaconLines_Click(int index) {
 }
 
 void BeaconSetup::ChkShadow_Click() {
+  BeaconWindow& w = m_window;
+  if (w.ChkShadow.checked()) {
+    if (!w.chkBeaconActiv.checked() && !w.chkAutoTimedBeacon.checked()) {
+      w.chkBeaconActiv.value = 1;
+      chkBeaconActiv_Click();
+    }
+    // The Shadow frames replace every item.
+    for (CheckBox* item :
+         {&w.chkItemData, &w.chkItemAPRS, &w.chkItemAPRSMessage, &w.chkItemMHeard, &w.chkItemFile})
+      item->value = 0;
+    CheckInaktief();
+  }
   refresh();
+}
+
+void BeaconSetup::showShadowFrameByInterval() {
+  // Only a short interval offers the Shadow Experiment.
+  m_window.FrmShadowExp.visible = Val(m_window.txtBeaconInterval.text) < kShadowIntervals;
 }
 
 // ---- typing ----------------------------------------------------------------------------------
@@ -294,6 +313,7 @@ void BeaconSetup::txtBeaconInterval_Change() {
 }
 
 void BeaconSetup::txtBeaconInterval_LostFocus() {
+  showShadowFrameByInterval();
   refresh();
 }
 
@@ -368,7 +388,16 @@ bool BeaconSetup::applyChecks() {
     if (w.cmbStopBeacon.list[i] == w.cmbStopBeacon.text) stop = static_cast<long>(i);
   if (stop >= 0) c.StopBeaconMaxDigi = static_cast<int16_t>(stop);
   // 2: the Shadow Experiment only while its frame is shown.
-  c.ShadowExperiment = 0;
+  if (w.ChkShadow.checked() && shadowFrameShown()) {
+    if (!w.chkBeaconActiv.checked() && !w.chkAutoTimedBeacon.checked() &&
+        !w.chkBeaconIntelligentAktiv.checked()) {
+      w.chkBeaconActiv.value = 1;
+      chkBeaconActiv_Click();
+    }
+    if (!applyShadow()) return false;
+  } else {
+    c.ShadowExperiment = 0;
+  }
   // 3: Smart Beacon; unchecked keeps its string for next time.
   c.IntelligentBeacon = std::string(w.chkBeaconIntelligentAktiv.checked() ? "1" : "0") +
                         UCase(w.txtIntelligenBeaconString.text);
@@ -433,8 +462,29 @@ bool BeaconSetup::applyItems() {
 bool BeaconSetup::applyShortInterval() {
   const int16_t n = m_config.BeaconInterval;
   if (n < 2 || n > 9) return true;
-  // 8: a short interval is said out loud.
-  if (!shadowFrameShown()) {
+  // 8: a short interval is said out loud, and may offer the Shadow Experiment.
+  BeaconWindow& w = m_window;
+  const std::string seconds = std::to_string(n);
+  if (w.ChkShadow.checked() && w.chkBeaconActiv.checked()) {
+    m_platform.dialogs().msgBox(
+        std::string("Remember that the Shadow Experiment should ONLY be performed if you are "
+                    "authorized to transmit") +
+            CRLF + "'Shadow Experiment' packet frames!" + CRLF + "Beacon interval is set to " +
+            seconds + " seconds.",
+        MsgButtons::Ok, MsgIcon::Exclamation, "Shadow Experiment: Short Beacon Interval");
+  } else if (shadowFrameShown() && w.chkBeaconActiv.checked() && !w.ChkShadow.checked()) {
+    if (m_platform.dialogs().msgBox(
+            "The beacon interval is set lower then 10 seconds! Do you want to enable the special "
+            "transmit Shadow Experiment options?",
+            MsgButtons::YesNo, MsgIcon::Question,
+            "Short Beacon Interval: Shadow Experiment") == MsgResult::Yes) {
+      w.ChkShadow.value = 1;
+      ChkShadow_Click();
+      w.focus = "txtISOcode";
+      refresh();
+      return false;
+    }
+  } else if (!shadowFrameShown()) {
     m_platform.dialogs().msgBox(
         "Caution: You have set the beacon interval to a very short "
         "interval of " +
@@ -442,6 +492,26 @@ bool BeaconSetup::applyShortInterval() {
             std::to_string(n) + " seconds.",
         MsgButtons::Ok, MsgIcon::Exclamation, "Short Beacon Interval");
   }
+  return true;
+}
+
+bool BeaconSetup::applyShadow() {
+  BeaconWindow& w = m_window;
+  StationConfig& c = m_config;
+  c.ShadowExpGMT = static_cast<int16_t>(w.ChkShExpGMT.checked() ? 1 : 0);
+  c.ShadowExperiment = -1;
+  const std::string code = Trim(w.txtISOcode.text);
+  if (code.empty()) {
+    m_platform.dialogs().msgBox(
+        "You need to enter your Country ISO code please to correctly use the Shadow Experiment.",
+        MsgButtons::Ok, MsgIcon::Exclamation, "Shadow Experiment");
+    w.focus = "txtISOcode";
+    refresh();
+    return false;
+  }
+  c.ShadowExperiment_ISO = UCase(code);
+  const double pause = Val(w.txtShExpPause.text);
+  c.ShExpPauseTX = static_cast<int16_t>(pause >= 0 ? pause : 60);
   return true;
 }
 

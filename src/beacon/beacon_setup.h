@@ -114,6 +114,8 @@ class BeaconSetup {
   bool applyTimes();
   bool applyItems();
   bool applyShortInterval();
+  bool applyShadow();
+  void showShadowFrameByInterval();
   void applyRest();
   void Unload();
   void refresh();

@@ -61,6 +61,14 @@ StationParts::StationParts(Station& s)
       connection(s.run(), remoteCommands, handOffs),
       beacon(s.platform(), s.config(), s.mainWindow()),
       beaconSetup(s.platform(), s.config(), s.run(), s.mainWindow(), beacon),
+      beaconFile(s.config(), s.run(),
+                 BeaconFile::Hooks{
+                     [this] { uiTextSender.StuurMonitorTekst(); },
+                     [this](const std::string& text, int flag) { meld.ShowMeld(text, flag); }}),
+      shadow(s.platform(), s.config(), s.run(), s.mainWindow(), beacon,
+             ShadowExperiment::Hooks{
+                 [this](std::string& text, int16_t kind) { transmit.AGWPE_UI_Send(text, kind); },
+                 [this](const std::string& text, int flag) { monitor.NotaInMonitor(text, flag); }}),
       core(s.platform(), s.config(), s.run(), s.mainWindow(),
            PacketCore::Parts{tcpLink, monitor, filters, mailbox, heardList, digipeat,
                              messageReception, packetLog, alarms, connection, beacon, digiFlash,
@@ -80,6 +88,9 @@ StationParts::StationParts(Station& s)
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
   beacon.items.cmdTXAPRS_Click = [this] { aprsPosition.cmdTXAPRS_Click(); };
   beacon.items.cmdTXAPRSMessage_Click = [this] { messageSending.cmdTXAPRSMessage_Click(); };
+  beacon.items.TX_BeaconFile = [this] { beaconFile.TX_BeaconFile(); };
+  beacon.items.ExecuteShadowExp = [this] { shadow.ExecuteShadowExp(); };
+  beacon.items.UTC_Klok_Change = [this] { shadow.UTC_Klok_Change(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
@@ -134,6 +145,7 @@ void Station::RegisterCommands() {
   p.aprsPosition.RegisterCommands(c);
   p.aprsSetup.RegisterCommands(c);
   p.beaconSetup.RegisterCommands(c);
+  p.shadow.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);

@@ -12,8 +12,10 @@
 #include "aprs/aprs_setup.h"
 #include "aprs/message_reception.h"
 #include "aprs/message_sending.h"
+#include "beacon/beacon_file.h"
 #include "beacon/beacon_scheduler.h"
 #include "beacon/beacon_setup.h"
+#include "beacon/shadow_experiment.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
 #include "connected/text_sending.h"
@@ -88,6 +90,8 @@ struct StationParts {
   ConnectionControl connection;
   BeaconScheduler beacon;
   BeaconSetup beaconSetup;  // the window Beacon
+  BeaconFile beaconFile;
+  ShadowExperiment shadow;
   PacketCore core;
   Startup startup;
   WindowEvents windowEvents;

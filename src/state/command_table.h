@@ -25,6 +25,7 @@ enum class Command {
   mnuAPRSSetup,
   mnuBeacon,
   lblBeacon_DblClick,
+  mnuShadowWizard,
   menuextras,
   mnuRuns,
   mnuHelp,
@@ -101,6 +102,7 @@ enum class Command {
   ConsoleStopPending,
   ConsoleQuit,
   ConsoleBeacon,
+  ConsoleWizard,
 };
 
 struct CommandKey {

@@ -61,7 +61,7 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
                 ":aprs [COMMENT]", ":beacon [toggle | NAME=VALUE ... BUTTON ...]", ":for CALL",
                 ":header", ":heard [0-3]", ":locator LOC [ICON] [compressed|plain]", ":msg [TEXT]",
                 ":position LATD LATM LATS N|S LOND LONM LONS E|W [ICON] [compressed|plain]",
-                ":quit", ":sent", ":stoppending", ":to CALL", ":via PATH"}));
+                ":quit", ":sent", ":stoppending", ":to CALL", ":via PATH", ":wizard"}));
   // The senders still to be built show grey and never run; so does the position's while no
   // position is set up.
   for (Command c : {Command::cmdTXAPRS, Command::cmdTXConnect})
