@@ -25,7 +25,7 @@ class BeaconTest : public SendTest {
     beacon().BeaconSeconds = 0;
     beacon().ShowCaption("Beacon ON");
   }
-  void run(double seconds) { platform.simLoop.run(seconds); }
+  void advance(double seconds) { platform.simLoop.run(seconds); }
   // One console line; the notices it printed.
   std::vector<std::string> console(const std::string& line) {
     const std::size_t before = platform.simViews.notices.size();

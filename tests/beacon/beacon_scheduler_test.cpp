@@ -24,21 +24,21 @@ class BeaconRunTest : public BeaconTest {
   // A frame from another station, through the core.
   void hear(const std::string& from, const std::string& info = "hi") {
     lan->sendMonitor(from, "CQ", info);
-    run(1);
+    advance(1);
   }
 };
 
 TEST_F(BeaconRunTest, SelectedItemsGoOutInTurnOneEachInterval) {
   hear("PA3ABC");
   plan(60, kTextAndMHeard, 2);
-  run(59);
+  advance(59);
   EXPECT_TRUE(sentTexts().empty());
-  run(2);
+  advance(2);
   ASSERT_EQ(sent().size(), 1u);
-  run(58);
+  advance(58);
   EXPECT_EQ(sent().size(), 1u);
-  run(2);
-  run(60);
+  advance(2);
+  advance(60);
   const std::vector<std::string> texts = sentTexts();
   ASSERT_EQ(texts.size(), 3u);
   EXPECT_EQ(Left(texts[0], 5), "hello");
@@ -49,17 +49,17 @@ TEST_F(BeaconRunTest, SelectedItemsGoOutInTurnOneEachInterval) {
 TEST_F(BeaconRunTest, NothingSelectedSendsNothingAndAHandSentFrameDelaysTheNext) {
   // On through a remote command with nothing selected: each turn starts a new cycle, empty.
   plan(10, 100000, 0);
-  run(100);
+  advance(100);
   EXPECT_TRUE(sent().empty());
   EXPECT_EQ(config().Beacon, -1);
 
   plan(60, kText, 1);
-  run(30);
+  advance(30);
   parts().txPanel.Press(SendButton::DataText);
   ASSERT_EQ(sent().size(), 1u);
-  run(31);  // 61 s from the start, 31 after the hand-sent frame
+  advance(31);  // 61 s from the start, 31 after the hand-sent frame
   EXPECT_EQ(sent().size(), 1u);
-  run(30);
+  advance(30);
   EXPECT_EQ(sent().size(), 2u);
 }
 
@@ -80,12 +80,12 @@ TEST_F(BeaconRunTest, EnteringATimeWindowSendsAtOnceAndItsStopMinuteEndsIt) {
   const auto untilMinute = [this](const std::string& hm) {
     return platform.simLoop.runUntil(200, [&] { return Left(main().Klok.caption, 5) == hm; });
   };
-  run(30);
+  advance(30);
   EXPECT_TRUE(sent().empty());
   EXPECT_EQ(main().lblBeacon.caption, kAutoBeacon);
   ASSERT_TRUE(untilMinute(config().AutoBeaconStart));
   EXPECT_EQ(main().lblBeacon.caption, kBeaconOn);
-  run(0.5);  // the first item of a window goes out at once
+  advance(0.5);  // the first item of a window goes out at once
   EXPECT_EQ(sent().size(), 1u);
   EXPECT_EQ(main().lblBeacon.backColor, QBColor(12));
   EXPECT_EQ(main().lblBeacon.foreColor, QBColor(14));
@@ -101,25 +101,25 @@ TEST_F(BeaconRunTest, EnteringATimeWindowSendsAtOnceAndItsStopMinuteEndsIt) {
 TEST_F(BeaconRunTest, SmartBeaconWaitsForItsStringAndHoldsAgainTwoFramesLater) {
   config().IntelligentBeacon = "1RS0ISS";
   plan(10, kText, 1);
-  run(30);
+  advance(30);
   hear("PA3ABC");  // a frame without the string: still held
-  run(20);
+  advance(20);
   EXPECT_TRUE(sent().empty());
   hear("PA3ABC", "via rs0iss");
-  run(2);
+  advance(2);
   EXPECT_EQ(sent().size(), 1u);
   hear("PA3DEF");
   hear("PA3GHI");
-  run(40);
+  advance(40);
   EXPECT_EQ(sent().size(), 1u);
   // The engine's port lines never count, whatever they hold.
   lan->sendRaw(AgwBytes(0, 'U', "PA3ABC", "CQ", "Port1 stereo RS0ISS"));
-  run(20);
+  advance(20);
   EXPECT_EQ(sent().size(), 1u);
   // An empty string: the first frame releases it.
   config().IntelligentBeacon = "1";
   hear("PA3XYZ");
-  run(1);
+  advance(1);
   EXPECT_EQ(sent().size(), 2u);
 }
 
@@ -135,7 +135,7 @@ TEST_F(BeaconRunTest, TheThirdOwnDigipeatStopsTheBeaconAndLeavesItsCaption) {
   for (int i = 1; i <= 3; ++i) {
     EXPECT_EQ(config().Beacon, -1) << i;
     lan->sendMonitor("XX9TK", "CQ Via RS0ISS*", "hello");
-    run(1);
+    advance(1);
   }
   EXPECT_EQ(config().Beacon, 0);
   EXPECT_EQ(main().lblBeacon.caption, kBeaconOn);
@@ -149,15 +149,15 @@ TEST_F(BeaconRunTest, HalfAnHourStopsTheBeaconAndNoWindowRestartsIt) {
   plan(600, kText, 1);
   config().Beacon = 0;
   beacon().ShowCaption(kAutoBeacon);
-  run(2);
+  advance(2);
   ASSERT_EQ(config().Beacon, -1);
   const std::size_t frames = sent().size();
-  run(1790);
+  advance(1790);
   EXPECT_EQ(config().Beacon, -1);
-  run(10);
+  advance(10);
   EXPECT_EQ(config().Beacon, 0);
   EXPECT_EQ(main().lblBeacon.caption, kBeaconOn);  // kept: the window acts only on "AutoBeacon"
-  run(1200);
+  advance(1200);
   EXPECT_EQ(config().Beacon, 0);
   EXPECT_EQ(sent().size(), frames + 2);  // at the window's start and 600 s later
 }
@@ -165,7 +165,7 @@ TEST_F(BeaconRunTest, HalfAnHourStopsTheBeaconAndNoWindowRestartsIt) {
 TEST_F(BeaconRunTest, TheClockTickRunsItsStepsInTheFixedOrder) {
   HandOffLog& log = parts().klokkenSteps;
   log.recording = true;
-  run(1);
+  advance(1);
   ASSERT_FALSE(log.calls.empty());
   const std::string joined = log.joined();
   EXPECT_EQ(joined,
