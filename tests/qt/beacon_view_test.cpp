@@ -133,5 +133,42 @@ TEST_F(BeaconViewTest, TheBeaconMenuOpensTheWindowAndADoubleClickSwitchesTheBeac
   EXPECT_EQ(label->text(), "Beacon ON");
 }
 
+TEST_F(BeaconViewTest, AShortIntervalShowsTheShadowFrameAndItsBoxRulesTheItems) {
+  StationConfig& c = station->config();
+  c.BeaconInterval = 3;
+  c.ShadowExperiment_ISO = "BE";
+  setup().menubeaconpopups_Click();
+  BeaconView view(setup());
+  view.show();
+  ASSERT_TRUE(child<QWidget>(view, "FrmShadowExp")->isVisibleTo(&view));
+  EXPECT_EQ(child<QLineEdit>(view, "txtISOcode")->text(), "BE");
+  child<QCheckBox>(view, "ChkShadow")->click();
+  EXPECT_FALSE(child<QCheckBox>(view, "chkItemData")->isChecked());
+  EXPECT_TRUE(child<QCheckBox>(view, "chkBeaconActiv")->isChecked());
+  view.resize(view.sizeHint());
+  QTest::qWait(qEnvironmentVariableIntValue("TESK_SCREENSHOT_HOLD_MS") + 50);
+  view.grab().save(testing::PictureFile(QStringLiteral("beacon_shadow.png")));
+  // Leaving the interval at 6 or more hides the frame again.
+  auto* interval = child<QLineEdit>(view, "txtBeaconInterval");
+  interval->setFocus();
+  interval->selectAll();
+  QTest::keyClicks(interval, "30");
+  child<QLineEdit>(view, "txtISOcode")->setFocus();
+  emit interval->editingFinished();
+  EXPECT_FALSE(child<QWidget>(view, "FrmShadowExp")->isVisibleTo(&view));
+  child<QPushButton>(view, "Command2")->click();
+}
+
+TEST_F(BeaconViewTest, TheBeaconMenuHoldsTheWizard) {
+  MainWindowView main(station->mainWindow(), &station->commands());
+  QStringList rows;
+  for (QAction* menu : main.menuBar()->actions()) {
+    if (menu->text() != "&Beacon") continue;
+    for (QAction* a : menu->menu()->actions())
+      rows << a->text();
+  }
+  EXPECT_EQ(rows, (QStringList{"&Beacon setup...", "ISS Shadow Experiment Wizard..."}));
+}
+
 }  // namespace
 }  // namespace tesk
