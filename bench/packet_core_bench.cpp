@@ -1,6 +1,8 @@
 // The receive path of one frame in the core, with no tick wait: the frame put in the LAN slot,
 // one core tick (split, paint, hand-offs, buffer limit, alarm tests), as frames per second;
-// and the buffer limit's replacement of the Monitor text when one frame has gone past it.
+// the buffer limit's replacement of the Monitor text when one frame has gone past it; and a
+// tick with no frame, the beacon off and on with nothing due (the beacon's decision must stay
+// within a microsecond of the plain tick).
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -63,6 +65,25 @@ void BM_ReceivePathPerFrame(benchmark::State& state) {
       benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_ReceivePathPerFrame)->Arg(0)->Arg(64000)->Arg(512000);
+
+// A tick with no frame: argument 0 the beacon off, 1 on with two items and nothing due.
+void BM_CoreTickBeaconNotDue(benchmark::State& state) {
+  Bench b;
+  StationConfig& config = b.station->config();
+  BeaconScheduler& beacon = b.station->parts().beacon;
+  if (state.range(0) != 0) {
+    config.Beacon = -1;
+    config.BeaconInterval = 60;
+    config.SelectedBeacon = 110001;
+    config.SelectedBeaconItems = 2;
+  }
+  for (auto _ : state) {
+    beacon.BeaconSeconds = 30;
+    b.station->parts().core.Tick();
+  }
+  benchmark::DoNotOptimize(beacon.BeaconSeconds);
+}
+BENCHMARK(BM_CoreTickBeaconNotDue)->Arg(0)->Arg(1);
 
 // One buffer-limit cut: a Monitor one frame past its limit L, cut to its L/2 characters.
 void BM_BufferLimitReplacement(benchmark::State& state) {

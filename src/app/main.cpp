@@ -79,6 +79,7 @@ void WireWindows(tesk::QtPlatform& platform, tesk::Station& station, ShutDown& s
   views.attachSetup(parts.setup);
   views.attachMessenger(parts.messenger);
   views.attachStatistics(parts.statistics);
+  views.attachBeacon(parts.beaconSetup);
   views.attachMainWindow(
       station.mainWindow(), station.commands(),
       tesk::MainWindowHandlers{&parts.txPanel, &parts.monitor, &parts.heardList,

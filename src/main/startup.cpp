@@ -11,6 +11,7 @@
 #include "main/station.h"
 #include "main/station_parts.h"
 #include "platform/platform_helpers.h"
+#include "state/beacon_label.h"
 
 namespace tesk {
 
@@ -351,10 +352,8 @@ void Startup::stepsCoreAndLabels() {
   parts.tmrMainPacketCore->setEnabled(true);
   m_step = 24;
   if (On(config.AutoBeacon)) {
-    main.lblBeacon.caption = "AutoBeacon";
-    const int intelligent = CInt(Val(Left(config.IntelligentBeacon, 1)));
-    main.lblBeacon.foreColor = QBColor(intelligent + 12);
-    main.lblBeacon.backColor = QBColor(14);
+    ShowBeaconCaption(main, m_station.platform().views(), kAutoBeacon,
+                      SmartBeaconDigit(config.IntelligentBeacon));
   }
   m_step = 25;
   if (On(config.AutomaticLogging)) parts.packetLog.AutoLog(config.AutomaticLogging);
@@ -446,11 +445,24 @@ void Startup::WriteCheck() {
 void Startup::KlokkenTick() {
   Platform& platform = m_station.platform();
   MainWindow& main = m_station.mainWindow();
+  StationParts& parts = m_station.parts();
+  HandOffLog& order = parts.klokkenSteps;
   // Later parts read these texts (heard times, beacon windows, reports): always "hh:mm:ss".
+  // Each clock is followed by its change handler, as the label's change event ran it.
   main.Klok.caption = ClockText(platform.clock().localNow());
-  main.UTC_Klok.caption = m_station.parts().monitor.BerekenUTC();
-  if (On(m_station.run().LanMode)) m_station.parts().tcpLink.KlokkenTick();
-  m_station.parts().heardList.AutoClearTick();
+  order.note("Klok_Change");
+  parts.beacon.Klok_Change();
+  main.UTC_Klok.caption = parts.monitor.BerekenUTC();
+  order.note("UTC_Klok_Change");
+  if (parts.beacon.items.UTC_Klok_Change) parts.beacon.items.UTC_Klok_Change();
+  order.note("beacon counters");
+  parts.beacon.CountSeconds();
+  order.note("MHeard auto-clear");
+  parts.heardList.AutoClearTick();
+  if (On(m_station.run().LanMode)) {
+    order.note("link supervision");
+    parts.tcpLink.KlokkenTick();
+  }
   platform.views().refresh(WindowKind::Main);
 }
 

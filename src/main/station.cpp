@@ -85,7 +85,16 @@ StationParts::StationParts(Station& s)
       statistics(s.platform(), s.config(), s.run(), s.mainWindow(),
                  Statistics::Parts{monitor, find, digipeat}),
       connection(s.run(), remoteCommands, handOffs),
-      beacon(s.config()),
+      beacon(s.platform(), s.config(), s.mainWindow()),
+      beaconSetup(s.platform(), s.config(), s.run(), s.mainWindow(), beacon),
+      beaconFile(s.config(), s.run(),
+                 BeaconFile::Hooks{
+                     [this] { uiTextSender.StuurMonitorTekst(); },
+                     [this](const std::string& text, int flag) { meld.ShowMeld(text, flag); }}),
+      shadow(s.platform(), s.config(), s.run(), s.mainWindow(), beacon,
+             ShadowExperiment::Hooks{
+                 [this](std::string& text, int16_t kind) { transmit.AGWPE_UI_Send(text, kind); },
+                 [this](const std::string& text, int flag) { monitor.NotaInMonitor(text, flag); }}),
       core(s.platform(), s.config(), s.run(), s.mainWindow(),
            PacketCore::Parts{tcpLink, monitor, filters, mailbox, heardList, digipeat,
                              messageReception, packetLog, alarms, connection, beacon, digiFlash,
@@ -109,6 +118,9 @@ StationParts::StationParts(Station& s)
   beacon.items.cmdTXDataText_Click = [this] { uiTextSender.cmdTXDataText_Click(); };
   beacon.items.cmdTXAPRS_Click = [this] { aprsPosition.cmdTXAPRS_Click(); };
   beacon.items.cmdTXAPRSMessage_Click = [this] { messageSending.cmdTXAPRSMessage_Click(); };
+  beacon.items.TX_BeaconFile = [this] { beaconFile.TX_BeaconFile(); };
+  beacon.items.ExecuteShadowExp = [this] { shadow.ExecuteShadowExp(); };
+  beacon.items.UTC_Klok_Change = [this] { shadow.UTC_Klok_Change(); };
   beacon.items.SendMheardList = [this](int type) {
     heardReports.SendMheardList(static_cast<int16_t>(type));
   };
@@ -168,10 +180,11 @@ void Station::RegisterCommands() {
   p.setup.RegisterCommands(c);
   p.reports.RegisterCommands(c);
   p.statistics.RegisterCommands(c);
+  p.beaconSetup.RegisterCommands(c);
+  p.shadow.RegisterCommands(c);
   // The windows and senders still to be built: their rows and buttons show grey until then.
   MainWindow& m = m_main;
   c.addUnbuilt({Command::menufiles, 11}, "TESK &Profiles...", &m.menufiles[11]);
-  c.addUnbuilt({Command::mnuBeacon}, "&Beacon setup...");
   c.addUnbuilt({Command::menuextras}, "(no add-ons)");
   c.addUnbuilt({Command::mnuRuns}, "(no programs)");
   c.addUnbuilt({Command::mnuHelp, 0}, "&Contents");

@@ -15,7 +15,10 @@
 #include "aprs/message_reception.h"
 #include "aprs/message_sending.h"
 #include "aprs/messenger.h"
+#include "beacon/beacon_file.h"
 #include "beacon/beacon_scheduler.h"
+#include "beacon/beacon_setup.h"
+#include "beacon/shadow_experiment.h"
 #include "connected/connection_control.h"
 #include "connected/remote_commands.h"
 #include "connected/text_sending.h"
@@ -55,7 +58,8 @@ class Station;
 struct StationParts {
   explicit StationParts(Station& station);
 
-  HandOffLog handOffs;  // the order of the receive path's hand-offs, when recording
+  HandOffLog handOffs;      // the order of the receive path's hand-offs, when recording
+  HandOffLog klokkenSteps;  // the order of the one-second tick's steps, when recording
   MonitorConsole monitor;
   Meld meld;
   SoundTable sounds;
@@ -95,6 +99,9 @@ struct StationParts {
   RemoteCommands remoteCommands;
   ConnectionControl connection;
   BeaconScheduler beacon;
+  BeaconSetup beaconSetup;  // the window Beacon
+  BeaconFile beaconFile;
+  ShadowExperiment shadow;
   PacketCore core;
   Startup startup;
   WindowEvents windowEvents;

@@ -23,15 +23,16 @@ enum class WindowKind {
   Setup,        // frmSetup, the Setup window
   Messenger,    // frmMessenger, the APRS messages received and sent
   Statistics,   // FrmStatistics, the counts of the Monitor and the console's state
+  Beacon,       // Beacon, the beacon settings
 };
 
-constexpr std::array<WindowKind, 16> kWindowKinds = {
+constexpr std::array<WindowKind, 17> kWindowKinds = {
     WindowKind::Main,        WindowKind::Splash,      WindowKind::Tray,
     WindowKind::TrayPopup,   WindowKind::Meld,        WindowKind::LanSetup,
     WindowKind::EditTXData,  WindowKind::Find,        WindowKind::ViewHeard,
     WindowKind::TxPortPopup, WindowKind::RxPortPopup, WindowKind::APRSSetup,
     WindowKind::TXMultiLine, WindowKind::Setup,       WindowKind::Messenger,
-    WindowKind::Statistics};
+    WindowKind::Statistics,  WindowKind::Beacon};
 
 // The window's own name, as the operator's manual and the records of the tests know it.
 constexpr const char* WindowName(WindowKind kind) {
@@ -68,6 +69,8 @@ constexpr const char* WindowName(WindowKind kind) {
       return "frmMessenger";
     case WindowKind::Statistics:
       return "FrmStatistics";
+    case WindowKind::Beacon:
+      return "Beacon";
   }
   return "";
 }

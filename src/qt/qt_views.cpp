@@ -13,11 +13,13 @@
 #include "aprs/messenger.h"
 #include "base/cp1252.h"
 #include "base/text.h"
+#include "beacon/beacon_setup.h"
 #include "core/monitor_find.h"
 #include "heard/view_heard.h"
 #include "link/lan_setup.h"
 #include "qt/qt_text.h"
 #include "qt/views/aprs_setup_view.h"
+#include "qt/views/beacon_view.h"
 #include "qt/views/edit_tx_data_view.h"
 #include "qt/views/find_view.h"
 #include "qt/views/lan_setup_view.h"
@@ -138,6 +140,7 @@ void QtViews::registerViews() {
   m_registry[WindowKind::TXMultiLine] = ChildWindow(m_txMultiLineData, m_txMultiLine, true);
   m_registry[WindowKind::Setup] = ChildWindow(m_setupData, m_setup, true);
   m_registry[WindowKind::Statistics] = ChildWindow(m_statisticsData, m_statistics, true);
+  m_registry[WindowKind::Beacon] = ChildWindow(m_beaconData, m_beacon, true);
   // The port rows pop up beside their selectors in the main window's status strip.
   m_registry[WindowKind::TxPortPopup] = {mainThere, [this] { ensureMain().popupPorts(true); },
                                          [] {}, [] {}};

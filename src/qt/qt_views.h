@@ -20,6 +20,8 @@ namespace tesk {
 struct MainWindow;
 class AprsSetup;
 class AprsSetupView;
+class BeaconSetup;
+class BeaconView;
 class CommandTable;
 class EditTXData;
 class EditTXDataView;
@@ -68,6 +70,7 @@ class QtViews : public Views {
   void attachSetup(Setup& setup) { m_setupData = &setup; }
   void attachMessenger(Messenger& messenger) { m_messengerData = &messenger; }
   void attachStatistics(Statistics& statistics) { m_statisticsData = &statistics; }
+  void attachBeacon(BeaconSetup& setup) { m_beaconData = &setup; }
   // The line under the title on the splash picture (the version), asked when it is shown.
   void setSplashText(std::function<std::string()> text) { m_splashText = std::move(text); }
 
@@ -80,6 +83,7 @@ class QtViews : public Views {
   SetupView* setupView() { return m_setup.get(); }
   MessengerView* messengerView() { return m_messenger.get(); }
   StatisticsView* statisticsView() { return m_statistics.get(); }
+  BeaconView* beaconView() { return m_beacon.get(); }
 
  private:
   // One line of the registry: whether its data is there, and how its view is shown, hidden and
@@ -121,6 +125,7 @@ class QtViews : public Views {
   Setup* m_setupData = nullptr;
   Messenger* m_messengerData = nullptr;
   Statistics* m_statisticsData = nullptr;
+  BeaconSetup* m_beaconData = nullptr;
   std::unique_ptr<MainWindowView> m_main;
   // The other windows are children of the main window: destroyed before it.
   std::unique_ptr<LanSetupView> m_lanSetup;
@@ -129,6 +134,7 @@ class QtViews : public Views {
   std::unique_ptr<TxMultiLineView> m_txMultiLine;
   std::unique_ptr<SetupView> m_setup;
   std::unique_ptr<StatisticsView> m_statistics;
+  std::unique_ptr<BeaconView> m_beacon;
   std::unique_ptr<MeldView> m_meld;
   std::unique_ptr<ViewHeardView> m_viewHeard;
   std::unique_ptr<MessengerView> m_messenger;

@@ -3,6 +3,7 @@
 // fields, colours, Monitor font, window placement, filter and beacon labels).
 #include "base/text.h"
 #include "settings/settings_file.h"
+#include "state/beacon_label.h"
 
 namespace tesk {
 
@@ -172,7 +173,7 @@ void SettingsFile::applyWindowPlacement() {
 void SettingsFile::applyFiltersAndBeaconLabel() {
   StationConfig& c = m_config;
   MainWindow& w = m_main;
-  if (c.ShadowExperiment != 0 && c.Beacon != 0) w.LblSpEx.visible = true;
+  if (c.ShadowExperiment != 0 && c.Beacon != 0) ShowShadowMark(w, m_platform.views(), true);
   if (c.Filter > 0) {
     w.menufilters[0].checked = false;
     if (c.Filter == 5) {
@@ -188,11 +189,8 @@ void SettingsFile::applyFiltersAndBeaconLabel() {
     w.lblMonitorFilter.backColor = QBColor(10);
     w.lblMonitorFilter.foreColor = QBColor(1);
   }
-  if (c.Beacon == -1) {
-    w.lblBeacon.caption = "Beacon ON";
-    w.lblBeacon.backColor = QBColor(14);  // on yellow
-    w.lblBeacon.foreColor = QBColor(12 + static_cast<int>(Val(Left(c.IntelligentBeacon, 1))));
-  }
+  if (c.Beacon == -1)
+    ShowBeaconCaption(w, m_platform.views(), kBeaconOn, SmartBeaconDigit(c.IntelligentBeacon));
   if (c.Filters >= 1 && c.Filters <= 4) {
     if (m_hooks.menufilters_Click) m_hooks.menufilters_Click(c.Filters);
   } else {

@@ -24,6 +24,8 @@ enum class Command {
   mnuLanSetup,
   mnuAPRSSetup,
   mnuBeacon,
+  lblBeacon_DblClick,
+  mnuShadowWizard,
   menuextras,
   mnuRuns,
   mnuHelp,
@@ -111,6 +113,8 @@ enum class Command {
   ConsoleStats,
   ConsoleQuit,
   ConsoleSetup,
+  ConsoleBeacon,
+  ConsoleWizard,
 };
 
 struct CommandKey {

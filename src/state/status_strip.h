@@ -19,8 +19,22 @@ struct StatusStrip {
   Label Klok;      // local time
   Label UTC_Klok;  // UTC
   Label LblAckON;
-  Label lblBeacon;
-  Label LblSpEx;     // "Shadow Exp. Mode!"
+  // Double click switches the beacon; beacon_label.h sets its captions and colours.
+  Label lblBeacon = [] {
+    Label l;
+    l.caption = "Beacon OFF";
+    l.toolTip = "Double click to enable/disable Beacon";
+    l.backColor = static_cast<Color>(0x8000000F);  // the system's button face
+    l.foreColor = static_cast<Color>(0x8000000D);  // the system's highlight
+    return l;
+  }();
+  // Shown while the Shadow Experiment mode runs.
+  Label LblSpEx = [] {
+    Label l;
+    l.caption = "Shadow Exp. Mode!";
+    l.visible = false;
+    return l;
+  }();
   Label TextDDE_Ex;  // hidden: the last text posted for modules
 
   // Item 0 the receive lamp, item 1 the transmit lamp; both dark until a frame comes or goes.

@@ -70,7 +70,7 @@ TEST_F(SetupViewTest, EveryRowOfTheTableHasItsWidgetShowingTheLoadedValue) {
   EXPECT_TRUE(child<QRadioButton>(view, "Usepic1")->isChecked());
   EXPECT_EQ(child<QRadioButton>(view, "Usepic4")->text(), "Use Picture from Internet or LAN");
   EXPECT_FALSE(child<QPushButton>(view, "cmdloadprofile")->isEnabled());
-  EXPECT_FALSE(child<QPushButton>(view, "cmdBeaconSetup")->isEnabled());
+  EXPECT_TRUE(child<QPushButton>(view, "cmdBeaconSetup")->isEnabled());
   EXPECT_EQ(child<QListWidget>(view, "lstPages")->count(), kSetupPages);
 }
 

@@ -35,6 +35,7 @@ class WindowRegistryTest : public ::testing::Test {
     views.attachSetup(p.setup);
     views.attachMessenger(p.messenger);
     views.attachStatistics(p.statistics);
+    views.attachBeacon(p.beaconSetup);
     views.attachMainWindow(station->mainWindow(), station->commands(),
                            testing::HandlersOf(*station), {}, {});
   }

@@ -290,8 +290,9 @@ TEST(SettingsReader, FillsTheMainWindow) {
   EXPECT_EQ(w.lblMonitorFilter.backColor, QBColor(10));
   EXPECT_EQ(w.lblMonitorFilter.foreColor, QBColor(1));
   EXPECT_EQ(w.lblBeacon.caption, "Beacon ON");
-  EXPECT_EQ(w.lblBeacon.backColor, QBColor(14));
-  EXPECT_EQ(w.lblBeacon.foreColor, QBColor(13));
+  // Light magenta (Smart Beacon on) behind light yellow text, as the beacon itself paints it.
+  EXPECT_EQ(w.lblBeacon.backColor, QBColor(13));
+  EXPECT_EQ(w.lblBeacon.foreColor, QBColor(14));
   EXPECT_TRUE(w.LblSpEx.visible);
   EXPECT_EQ(w.frmLogoTitle.caption, "+");
   EXPECT_EQ(c.TESKServerInit, 1);

@@ -404,7 +404,7 @@ TEST_F(SetupTest, TheConsoleListsSetsAppliesAndPressesTheResets) {
   notices.clear();
   station->consoleLine(":setup txtBBSPassword=abc");
   station->consoleLine(":setup TxtAckInterval=2x");
-  station->consoleLine(":setup cmdBeaconSetup");
+  station->consoleLine(":setup cmdloadprofile");
   ASSERT_EQ(notices.size(), 3u);
   EXPECT_NE(notices[0].find("not enabled"), std::string::npos);
   EXPECT_NE(notices[1].find("cannot take"), std::string::npos);
@@ -442,8 +442,10 @@ TEST_F(SetupTest, TheMenuAndThePagesShortcutsOpenTheWindowOnTheirPage) {
   EXPECT_TRUE(aprs.window().Cmdaprsetup.enabled);
   aprs.Cmdaprsetup_Click();
   EXPECT_EQ(w().page, static_cast<int>(SetupPage::Aprs));
-  // The beacon's window is not there yet: its button follows the command's rule.
-  EXPECT_FALSE(w().cmdBeaconSetup.enabled);
+  // The beacon's button runs the Beacon menu's command, and follows its rule.
+  EXPECT_TRUE(w().cmdBeaconSetup.enabled);
+  setup().cmdBeaconSetup_Click();
+  EXPECT_EQ(platform.simViews.shownWindows.back(), "Beacon");
   EXPECT_TRUE(w().cmdLanSetup.enabled);
   setup().cmdLanSetup_Click();
   EXPECT_EQ(platform.simViews.shownWindows.back(), "LAN_Setup");

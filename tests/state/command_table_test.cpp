@@ -59,6 +59,7 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
   EXPECT_EQ(table.consoleUsages(),
             (std::vector<std::string>{
                 ":aprs [COMMENT]",
+                ":beacon [toggle | NAME=VALUE ... BUTTON ...]",
                 ":clearmessages",
                 ":clearsent",
                 ":for CALL",
@@ -77,7 +78,8 @@ TEST_F(SendTest, TheStationRegistersEachCommandOnceWithItsConsoleForms) {
                 ":stats",
                 ":stoppending",
                 ":to CALL",
-                ":via PATH"}));
+                ":via PATH",
+                ":wizard"}));
   // The senders still to be built show grey and never run; so does the position's while no
   // position is set up.
   for (Command c : {Command::cmdTXAPRS, Command::cmdTXConnect})

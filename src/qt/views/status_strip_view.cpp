@@ -38,7 +38,14 @@ QWidget* StatusStripView::build(QWidget* parent) {
     row->addWidget(w);
     return w;
   };
-  addLabel(d.lblBeacon, "lblBeacon");
+  auto* beacon = new ClickLabel(strip);  // a double click switches the beacon
+  beacon->setObjectName(QStringLiteral("lblBeacon"));
+  beacon->setContentsMargins(6, 1, 6, 1);
+  beacon->setFrameShape(QFrame::StyledPanel);
+  beacon->onDoubleClick = [this]() { m_kit.run({Command::lblBeacon_DblClick}); };
+  m_kit.paintLabel(d.lblBeacon, beacon);
+  row->addWidget(beacon);
+  addLabel(d.LblSpEx, "LblSpEx");
   addLabel(d.LblAckON, "LblAckON");
   auto* log = new ClickLabel(strip);
   log->setObjectName(QStringLiteral("AutoLogLabel"));

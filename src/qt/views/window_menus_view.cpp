@@ -30,7 +30,8 @@ void WindowMenusView::build(QMainWindow& window, TransmitPanelView& transmit) {
   options->addSeparator();
   m_kit.addAction(options, {Command::mnuLanSetup});
   m_kit.addAction(options, {Command::mnuAPRSSetup});
-  addMenu(window, QObject::tr("&Beacon"), Command::mnuBeacon, {0});
+  QMenu* beacon = addMenu(window, QObject::tr("&Beacon"), Command::mnuBeacon, {0});
+  m_kit.addAction(beacon, {Command::mnuShadowWizard});
   m_modulesMenu = addMenu(window, QObject::tr("&Modules"), Command::menuextras, {0});
   m_launchMenu = addMenu(window, QObject::tr("&Launch"), Command::mnuRuns, {0});
   // Alt+L opens the Launch menu.
