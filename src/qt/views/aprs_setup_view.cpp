@@ -65,7 +65,9 @@ int KeyCodeOf(const QKeyEvent& e) {
 }  // namespace
 
 AprsSetupView::AprsSetupView(AprsSetup& setup, QWidget* parent)
-    : QDialog(parent), m_setup(setup), m_data(setup.window()) {
+    : CancellingDialog(parent, setup.window().form, [&setup] { setup.Command2_Click(); }),
+      m_setup(setup),
+      m_data(setup.window()) {
   setObjectName(QStringLiteral("frmAPRSSetup"));
   setModal(false);
   auto* col = new QVBoxLayout(this);
@@ -267,19 +269,6 @@ void AprsSetupView::refresh() {
   if (!m_data.focus.empty()) {
     if (auto* w = findChild<QWidget*>(ToQString(m_data.focus))) w->setFocus();
     m_data.focus.clear();
-  }
-}
-
-void AprsSetupView::closeEvent(QCloseEvent* event) {
-  event->accept();
-  if (m_data.form.loaded) m_setup.Command2_Click();
-}
-
-void AprsSetupView::reject() {
-  if (m_data.form.loaded) {
-    m_setup.Command2_Click();
-  } else {
-    QDialog::reject();
   }
 }
 

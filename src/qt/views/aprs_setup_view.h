@@ -9,6 +9,7 @@
 #include <QDialog>
 
 #include "aprs/aprs_setup.h"
+#include "qt/views/cancelling_dialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -19,7 +20,7 @@ class QToolButton;
 
 namespace tesk {
 
-class AprsSetupView : public QDialog {
+class AprsSetupView : public CancellingDialog {
   Q_OBJECT
  public:
   explicit AprsSetupView(AprsSetup& setup, QWidget* parent = nullptr);
@@ -30,8 +31,6 @@ class AprsSetupView : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;  // Escape: as Cancel
 
  private:
   QLineEdit* addText(TextBox& data, const char* name, int widthChars);

@@ -36,7 +36,9 @@ int CharWidth(const QWidget* w, int chars) {
 }  // namespace
 
 BeaconView::BeaconView(BeaconSetup& setup, QWidget* parent)
-    : QDialog(parent), m_setup(setup), m_data(setup.window()) {
+    : CancellingDialog(parent, setup.window().form, [&setup] { setup.Command2_Click(); }),
+      m_setup(setup),
+      m_data(setup.window()) {
   setObjectName(QStringLiteral("Beacon"));
   setModal(false);
   auto* col = new QVBoxLayout(this);
@@ -297,19 +299,6 @@ void BeaconView::refresh() {
   if (!m_data.focus.empty()) {
     if (auto* w = findChild<QWidget*>(ToQString(m_data.focus))) w->setFocus();
     m_data.focus.clear();
-  }
-}
-
-void BeaconView::closeEvent(QCloseEvent* event) {
-  event->accept();
-  if (m_data.form.loaded) m_setup.Command2_Click();
-}
-
-void BeaconView::reject() {
-  if (m_data.form.loaded) {
-    m_setup.Command2_Click();
-  } else {
-    QDialog::reject();
   }
 }
 

@@ -10,6 +10,7 @@
 #include <QDialog>
 
 #include "beacon/beacon_setup.h"
+#include "qt/views/cancelling_dialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -21,7 +22,7 @@ class QRadioButton;
 
 namespace tesk {
 
-class BeaconView : public QDialog {
+class BeaconView : public CancellingDialog {
   Q_OBJECT
  public:
   explicit BeaconView(BeaconSetup& setup, QWidget* parent = nullptr);
@@ -31,9 +32,6 @@ class BeaconView : public QDialog {
   void refresh();
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;  // Escape: as Cancel
-
  private:
   QCheckBox* addCheck(CheckBox& data, const char* name, std::function<void()> click);
   // A text box whose keys go through `key`, or straight into the struct without one.

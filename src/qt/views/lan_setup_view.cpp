@@ -54,7 +54,9 @@ void RenderText(QLineEdit* w, const TextBox& d) {
 }  // namespace
 
 LanSetupView::LanSetupView(LanSetup& lan, QWidget* parent)
-    : QDialog(parent), m_lan(lan), m_data(lan.window()) {
+    : CancellingDialog(parent, lan.window().form, [&lan] { lan.Command2_Click(); }),
+      m_lan(lan),
+      m_data(lan.window()) {
   setObjectName(QStringLiteral("LAN_Setup"));
   setModal(false);
   auto* col = new QVBoxLayout(this);
@@ -184,19 +186,6 @@ void LanSetupView::refresh() {
   RenderControl(m_apply, m_data.Command1);
   m_cancel->setText(ToQString(m_data.Command2.caption));
   RenderControl(m_cancel, m_data.Command2);
-}
-
-void LanSetupView::closeEvent(QCloseEvent* event) {
-  event->accept();
-  if (m_data.form.loaded) m_lan.Command2_Click();
-}
-
-void LanSetupView::reject() {
-  if (m_data.form.loaded) {
-    m_lan.Command2_Click();
-  } else {
-    QDialog::reject();
-  }
 }
 
 }  // namespace tesk

@@ -8,6 +8,7 @@
 #include <QDialog>
 
 #include "link/lan_setup.h"
+#include "qt/views/cancelling_dialog.h"
 
 class QCheckBox;
 class QComboBox;
@@ -17,7 +18,7 @@ class QPushButton;
 
 namespace tesk {
 
-class LanSetupView : public QDialog {
+class LanSetupView : public CancellingDialog {
   Q_OBJECT
  public:
   explicit LanSetupView(LanSetup& lan, QWidget* parent = nullptr);
@@ -27,9 +28,6 @@ class LanSetupView : public QDialog {
   void refresh();
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;  // Escape: as Cancel
-
  private:
   QCheckBox* addCheck(CheckBox& data, const char* name, std::function<void()> handler);
   QComboBox* addList(ComboBox& data, const char* name, bool editable);

@@ -53,7 +53,9 @@ bool IsMonitorColor(const SetupControl& row) {
 }  // namespace
 
 SetupView::SetupView(Setup& setup, QWidget* parent)
-    : QDialog(parent), m_setup(setup), m_data(setup.window()) {
+    : CancellingDialog(parent, setup.window().form, [&setup] { setup.Command2_Click(); }),
+      m_setup(setup),
+      m_data(setup.window()) {
   setObjectName(QStringLiteral("frmSetup"));
   // Modal over the main window only, so that the windows it opens can be used.
   setWindowModality(Qt::WindowModal);
@@ -403,19 +405,6 @@ void SetupView::refresh() {
   RenderControl(m_apply, m_data.Command1);
   m_cancel->setText(ToQString(m_data.Command2.caption));
   RenderControl(m_cancel, m_data.Command2);
-}
-
-void SetupView::closeEvent(QCloseEvent* event) {
-  event->accept();
-  if (m_data.form.loaded) m_setup.Command2_Click();
-}
-
-void SetupView::reject() {
-  if (m_data.form.loaded) {
-    m_setup.Command2_Click();
-  } else {
-    QDialog::reject();
-  }
 }
 
 }  // namespace tesk

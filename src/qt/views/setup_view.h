@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "qt/views/cancelling_dialog.h"
 #include "settings/setup.h"
 
 class QLabel;
@@ -20,7 +21,7 @@ class QVBoxLayout;
 
 namespace tesk {
 
-class SetupView : public QDialog {
+class SetupView : public CancellingDialog {
   Q_OBJECT
  public:
   explicit SetupView(Setup& setup, QWidget* parent = nullptr);
@@ -31,8 +32,6 @@ class SetupView : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
-  void reject() override;  // Escape: as Cancel
 
  private:
   // One control of the table and its widget; an option row has one widget per row.

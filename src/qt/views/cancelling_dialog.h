@@ -1,0 +1,29 @@
+// The base of the settings windows' views: the close box and Escape run the window's Cancel while
+// it is loaded, so the window's own code decides what closing leaves behind (and hides the view).
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <utility>
+
+#include "platform/controls.h"
+
+class QCloseEvent;
+
+namespace tesk {
+
+class CancellingDialog : public QDialog {
+ public:
+  CancellingDialog(QWidget* parent, const Window& form, std::function<void()> cancel)
+      : QDialog(parent), m_form(form), m_cancel(std::move(cancel)) {}
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void reject() override;  // Escape: as Cancel
+
+ private:
+  const Window& m_form;
+  std::function<void()> m_cancel;
+};
+
+}  // namespace tesk
