@@ -80,10 +80,44 @@ bool IsOwnColor(Color c, Color dflt) {
   return c != dflt && (c & 0x80000000) == 0;
 }
 
+namespace {
+
+// A system colour other than the widget's own default is taken from the desktop's palette, so
+// the highlight of a label follows the desktop's theme as it does on the system it came from.
+bool SystemRole(Color c, QPalette::ColorRole& role) {
+  if ((c & 0x80000000) == 0) return false;
+  switch (c & 0xFF) {
+    case 5:
+      role = QPalette::Base;
+      return true;
+    case 8:
+      role = QPalette::WindowText;
+      return true;
+    case 13:
+      role = QPalette::Highlight;
+      return true;
+    case 14:
+      role = QPalette::HighlightedText;
+      return true;
+    case 18:
+      role = QPalette::ButtonText;
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
 void PaintColors(QWidget* w, const Control& c, QPalette::ColorRole fg, QPalette::ColorRole bg) {
   QPalette p = w->parentWidget() ? w->parentWidget()->palette() : w->palette();
   const bool back = IsOwnColor(c.backColor, kDefaultBack);
-  if (IsOwnColor(c.foreColor, kDefaultFore)) p.setColor(fg, ToQColor(c.foreColor));
+  QPalette::ColorRole system = fg;
+  if (IsOwnColor(c.foreColor, kDefaultFore)) {
+    p.setColor(fg, ToQColor(c.foreColor));
+  } else if (SystemRole(c.foreColor, system)) {
+    p.setColor(fg, p.color(system));
+  }
   if (back) p.setColor(bg, ToQColor(c.backColor));
   w->setAutoFillBackground(back);
   w->setPalette(p);
