@@ -97,6 +97,14 @@ MsgResult ConsoleDialogs::msgBox(const std::string& text, MsgButtons buttons, Ms
   while (std::optional<std::string> line = m_input.takeLine()) {
     const std::string answer = UCase(Trim(*line));
     if (answer.empty()) break;
+    // A console command typed ahead is no answer: the box takes its default button and the
+    // command runs after it, rather than the box swallowing every line until it is answered.
+    if (answer[0] == ':') {
+      m_input.putBack(*line);
+      break;
+    }
+    // A box with one button has nothing to choose: any line acknowledges it.
+    if (set.keys.size() == 1) break;
     bool known = false;
     for (const auto& [key, value] : set.keys) {
       if (answer[0] == key) {

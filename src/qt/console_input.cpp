@@ -89,4 +89,9 @@ std::optional<std::string> ConsoleInput::takeLine() {
   return line;
 }
 
+void ConsoleInput::putBack(std::string line) {
+  m_lines.push_front(std::move(line));
+  m_loop.post([this]() { deliver(); });
+}
+
 }  // namespace tesk

@@ -38,6 +38,8 @@ class ConsoleInput : public QObject {
 
   // For a box: waits (running events) for the next line. nullopt at end of input.
   std::optional<std::string> takeLine();
+  // A line a box took but did not want: first in the queue again, for the console.
+  void putBack(std::string line);
 
  private:
   void readFd();

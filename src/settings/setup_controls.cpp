@@ -316,10 +316,10 @@ void MonitorRows(std::vector<SetupControl>& t) {
       "Show the port in the headers"));
   t.push_back(Flag<&SetupWindow::chkCoherentColors, &StationConfig::TXBoxCoherentColors, 1>(
       "chkCoherentColors", p, "[TXBoxCoherentColors]", "Matching colours for the TX boxes"));
-  const auto font = [&t, p](const char* name, ComboBox SetupWindow::*member, const char* key,
-                            Load load, const char* caption) {
+  const auto font = [&t, page = p](const char* name, ComboBox SetupWindow::*member, const char* key,
+                                   Load load, const char* caption) {
     t.push_back(
-        Row(name, p, ScriptKind::Combo, key, kSeeAlgorithms, member, load, nullptr, caption));
+        Row(name, page, ScriptKind::Combo, key, kSeeAlgorithms, member, load, nullptr, caption));
   };
   font(
       "cmbMonitorFont", &SetupWindow::cmbMonitorFont, "[Monitor Fontname]",

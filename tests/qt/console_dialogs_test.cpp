@@ -31,6 +31,19 @@ TEST_F(ConsoleDialogsTest, BoxesTakeQueuedLinesThenDefaultsFromTheEndOfInputOn) 
   EXPECT_EQ(dialogs.inputBox("Call?", "T", "MYCALL"), "PA3XYZ");
   EXPECT_EQ(dialogs.inputBox("Call?", "T", "MYCALL"), "MYCALL");  // empty line: the default
 
+  // A console command is no answer: the box takes its default and the line waits for the
+  // console; a box with one button takes any other line.
+  std::vector<std::string> console;
+  input.setConsoleHandler([&](const std::string& l) { console.push_back(l); });
+  input.setLoadPassEnded();
+  loop.post([&] { input.feed(":beacon toggle\n"); });  // typed while the box waits
+  EXPECT_EQ(dialogs.msgBox("x", MsgButtons::YesNo, MsgIcon::None, "T"), MsgResult::Yes);
+  EXPECT_TRUE(loop.waitUntil(5, [&] { return !console.empty(); }));
+  EXPECT_EQ(console, (std::vector<std::string>{":beacon toggle"}));
+  loop.post([&] { input.feed("whatever\n"); });
+  EXPECT_EQ(dialogs.msgBox("Nothing to send", MsgButtons::Ok, MsgIcon::None, "T"), MsgResult::Ok);
+  EXPECT_EQ(console.size(), 1u);
+
   input.feedEof();
   EXPECT_EQ(dialogs.msgBox("x", MsgButtons::YesNoCancel, MsgIcon::None, "T"), MsgResult::Yes);
   EXPECT_EQ(dialogs.msgBox("x", MsgButtons::RetryCancel, MsgIcon::None, "T"), MsgResult::Retry);

@@ -78,7 +78,12 @@ BeaconView::BeaconView(BeaconSetup& setup, QWidget* parent)
   refresh();
 }
 
-BeaconView::~BeaconView() = default;
+BeaconView::~BeaconView() {
+  // Deleting the children moves the focus, and a text box that loses it reports an edit finished:
+  // by then this view is gone, so its boxes must not reach it any more.
+  for (const auto& text : m_texts)
+    text.first->disconnect(this);
+}
 
 QWidget* BeaconView::buildBeacon() {
   auto* box = new QGroupBox(tr("Beacon"), this);
