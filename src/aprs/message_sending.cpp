@@ -79,12 +79,13 @@ void MessageSending::cmdTXAPRSMessage_Click() {
   }
   text += ':';
   text += message;
-  m_panel.CalcUI_TXlength(text, 0, 0);
   if (m_config.AckUIViewType == 2) {
-    // The whole For field goes on; only the address block was cut to 9.
+    // The whole For field goes on; only the address block was cut to 9. The frame's room is cut
+    // there, where a tag may take part of it.
     std::string forCall = Trim(forText);
     TXUIviewAck(forCall, text);
   } else {
+    m_panel.CalcUI_TXlength(text, 0, 0);
     m_transmit.AGWPE_UI_Send(text, TxAPRSMessage);
   }
   m_panel.AddMessage();
@@ -107,6 +108,7 @@ bool MessageSending::AsksAck(const std::string& forCall) {
 
 void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
   if (!AsksAck(forCall)) {
+    m_panel.CalcUI_TXlength(text, 0, 0);
     m_transmit.AGWPE_UI_Send(text, TxAPRSMessage);
     return;
   }

@@ -31,8 +31,8 @@ class MessageSending {
 
   // The press of the message send button.
   void cmdTXAPRSMessage_Click();
-  // Sends `text` to `forCall`, with an ack request and a pending row when the addressee is
-  // one that can answer it.
+  // Sends `text` to `forCall`, cut to the frame's room, with an ack request and a pending row
+  // when the addressee is one that can answer it.
   void TXUIviewAck(std::string& forCall, std::string& text);
   // One tick of tmrSendAckMes: serves the first pending row.
   void SendAckMesTick();
