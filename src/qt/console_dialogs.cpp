@@ -80,8 +80,8 @@ void ConsoleDialogs::print(const std::string& utf8) {
   std::fflush(stdout);
 }
 
-void ConsoleDialogs::show(const std::string& title, const std::string& text,
-                          const std::string& hint) {
+void ConsoleDialogs::printBox(const std::string& title, const std::string& text,
+                              const std::string& hint) {
   std::vector<std::string> lines = SplitLines(text);
   lines.front() = "[" + title + "] " + lines.front();
   if (!hint.empty()) lines.back() += (lines.back().empty() ? "" : " ") + hint;
@@ -92,7 +92,7 @@ void ConsoleDialogs::show(const std::string& title, const std::string& text,
 MsgResult ConsoleDialogs::msgBox(const std::string& text, MsgButtons buttons, MsgIcon,
                                  const std::string& title) {
   const ButtonSet set = ButtonsOf(buttons);
-  show(title, text, set.hint);
+  printBox(title, text, set.hint);
   MsgResult result = set.keys.front().second;
   while (std::optional<std::string> line = m_input.takeLine()) {
     const std::string answer = UCase(Trim(*line));
@@ -121,7 +121,7 @@ MsgResult ConsoleDialogs::msgBox(const std::string& text, MsgButtons buttons, Ms
 
 std::string ConsoleDialogs::inputBox(const std::string& prompt, const std::string& title,
                                      const std::string& defaultText) {
-  show(title, prompt, defaultText.empty() ? "" : "[" + defaultText + "]");
+  printBox(title, prompt, defaultText.empty() ? "" : "[" + defaultText + "]");
   const std::optional<std::string> line = m_input.takeLine();
   if (!line || line->empty()) return defaultText;
   return *line;
@@ -129,7 +129,7 @@ std::string ConsoleDialogs::inputBox(const std::string& prompt, const std::strin
 
 std::string ConsoleDialogs::fileOpen(const std::string& title, const std::string&,
                                      const std::string& folder) {
-  show(title, "file to open (folder " + folder + ", empty line cancels):", "");
+  printBox(title, "file to open (folder " + folder + ", empty line cancels):", "");
   const std::optional<std::string> line = m_input.takeLine();
   return line ? *line : "";
 }
@@ -140,7 +140,7 @@ std::string ConsoleDialogs::fileSave(const std::string& title, const std::string
   if (!name.empty()) {
     suggested = folder.empty() || folder.back() == '/' ? folder + name : folder + "/" + name;
   }
-  show(title, "save as:", suggested.empty() ? "" : "[" + suggested + "]");
+  printBox(title, "save as:", suggested.empty() ? "" : "[" + suggested + "]");
   const std::optional<std::string> line = m_input.takeLine();
   if (!line || line->empty()) return suggested;
   return *line;
@@ -150,7 +150,7 @@ std::optional<Color> ConsoleDialogs::chooseColor(Color initial) {
   char now[16];
   std::snprintf(now, sizeof now, "#%02X%02X%02X", RedOf(initial), GreenOf(initial),
                 BlueOf(initial));
-  show("Color", "colour as #RRGGBB (empty line cancels):", std::string("[") + now + "]");
+  printBox("Color", "colour as #RRGGBB (empty line cancels):", std::string("[") + now + "]");
   const std::optional<std::string> line = m_input.takeLine();
   if (!line || line->size() != 7 || (*line)[0] != '#') return std::nullopt;
   unsigned r = 0, g = 0, b = 0;

@@ -31,7 +31,7 @@ class ConsoleDialogs : public Dialogs {
 
  private:
   // Prints "[title] text" over as many lines as the text has, `hint` behind the last one.
-  void show(const std::string& title, const std::string& text, const std::string& hint);
+  void printBox(const std::string& title, const std::string& text, const std::string& hint);
   void print(const std::string& utf8);
 
   ConsoleInput& m_input;
