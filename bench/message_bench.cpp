@@ -7,39 +7,17 @@
 #include <memory>
 #include <string>
 
+#include "bench/lan_bench_station.h"
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/sim/sim_platform.h"
 
 namespace tesk {
 namespace {
 
-struct MessageBench {
-  MessageBench() {
-    StationOptions options;
-    options.appPath = (std::filesystem::temp_directory_path() / "tesk-message-bench").string();
-    std::filesystem::create_directories(options.appPath);
-    platform.network.listen("127.0.0.1", 8124, [this](std::shared_ptr<SimConnection> c) {
-      engine = std::move(c);
-      engine->onReceive = [this](const std::vector<uint8_t>&) { ++frames; };
-    });
-    station = std::make_unique<Station>(platform, options);
-    StationConfig& config = station->config();
-    config.YourCallSign = "XX9TK";
-    config.HostName_IP_Default = "127.0.0.1";
-    config.LanPort = 8124;
-    config.ToCall = "CQ";
-    config.AckUIViewType = 2;
-    station->run().LanMode = -1;
-    station->parts().tcpLink.AGWWinsockInitialiseLan();
-    MainWindow& main = station->mainWindow();
-    main.cmbToCall.text = "CQ";
-    main.cmbViaCall.text = "RS0ISS,ARISS";
+struct MessageBench : LanBenchStation {
+  MessageBench() : LanBenchStation("tesk-message-bench", 8124) {
+    station->config().AckUIViewType = 2;
   }
-  SimPlatform platform;
-  std::shared_ptr<SimConnection> engine;
-  long frames = 0;
-  std::unique_ptr<Station> station;
 };
 
 void BM_MessageRetryTickNothingPending(benchmark::State& state) {

@@ -10,40 +10,16 @@
 #include <memory>
 #include <string>
 
+#include "bench/lan_bench_station.h"
 #include "main/station.h"
 #include "main/station_parts.h"
-#include "platform/sim/sim_platform.h"
 #include "transmit/tx_multi_line_file.h"
 
 namespace tesk {
 namespace {
 
-struct Bench {
-  Bench() {
-    StationOptions options;
-    options.appPath = (std::filesystem::temp_directory_path() / "tesk-transmit-bench").string();
-    std::filesystem::create_directories(options.appPath);
-    platform.network.listen("127.0.0.1", 8123, [this](std::shared_ptr<SimConnection> c) {
-      engine = std::move(c);
-      engine->onReceive = [this](const std::vector<uint8_t>&) { ++frames; };
-    });
-    station = std::make_unique<Station>(platform, options);
-    StationConfig& config = station->config();
-    config.YourCallSign = "XX9TK";
-    config.HostName_IP_Default = "127.0.0.1";
-    config.LanPort = 8123;
-    config.ToCall = "CQ";
-    station->run().LanMode = -1;
-    station->run().TagText = " {TESK54}";
-    station->parts().tcpLink.AGWWinsockInitialiseLan();
-    MainWindow& main = station->mainWindow();
-    main.cmbToCall.text = "CQ";
-    main.cmbViaCall.text = "RS0ISS,ARISS";
-  }
-  SimPlatform platform;
-  std::shared_ptr<SimConnection> engine;
-  long frames = 0;
-  std::unique_ptr<Station> station;
+struct Bench : LanBenchStation {
+  Bench() : LanBenchStation("tesk-transmit-bench", 8123) { station->run().TagText = " {TESK54}"; }
 };
 
 void BM_TextDataPressToWire(benchmark::State& state) {
