@@ -3,6 +3,7 @@
 #include "aprs/message_sending.h"
 
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "transmit/transmit_primitives.h"
@@ -96,14 +97,29 @@ void MessageSending::cmdTXAPRSMessage_Click() {
 }
 
 bool MessageSending::AsksAck(const std::string& forCall) {
-  const std::string upper = UCase(forCall);
+  // Upper-cased on the stack: an addressee is a call or a word, and this runs at every press.
+  char buffer[32];
+  std::string longer;
+  std::string_view upper;
+  if (forCall.size() <= sizeof buffer) {
+    for (std::size_t i = 0; i < forCall.size(); ++i) {
+      const char c = forCall[i];
+      buffer[i] = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+    upper = std::string_view(buffer, forCall.size());
+  } else {
+    longer = UCase(forCall);
+    upper = longer;
+  }
   const std::string_view prefixes = kNoAckPrefixes;
   const std::string_view words = kNoAckWords;
   // Bulletins, weather, satellite gateways and words answer nothing; a call holds a digit. The
   // tests are those of a text search, so an empty For or a part of a word ("N N") matches too.
-  if (prefixes.find(std::string_view(upper).substr(0, 3)) != std::string_view::npos) return false;
+  if (prefixes.find(upper.substr(0, 3)) != std::string_view::npos) return false;
   if (words.find(upper) != std::string_view::npos) return false;
-  return upper.find_first_of("0123456789") != std::string::npos;
+  for (const char c : upper)
+    if (c >= '0' && c <= '9') return true;
+  return false;
 }
 
 void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
@@ -113,12 +129,16 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
     return;
   }
   auto& rows = m_run.PendingMessages;
-  // One walk over the table finds both the rows in use and the addressee's first row.
+  // The count of rows in use runs without a branch; the addressee's search stops at its first row.
   int used = 0;
+  for (const PendingMessage& r : rows)
+    used += r.PendingFor.size() >= 2 ? 1 : 0;
   PendingMessage* addressee = nullptr;
   for (PendingMessage& r : rows) {
-    if (r.PendingFor.size() >= 2) ++used;
-    if (addressee == nullptr && SameAddressee(r.PendingFor, forCall)) addressee = &r;
+    if (r.PendingFor.size() >= forCall.size() && SameAddressee(r.PendingFor, forCall)) {
+      addressee = &r;
+      break;
+    }
   }
   // Freed rows are counted out, so the table fills from the bottom and at 40 wraps to row 0,
   // overwriting it.
@@ -129,7 +149,8 @@ void MessageSending::TXUIviewAck(std::string& forCall, std::string& text) {
   const bool shortTag = m_config.NoAckTag != 0;
   m_panel.CalcUI_TXlength(text, shortTag ? 3 : 10, 0);
   PendingMessage& r = rows[static_cast<std::size_t>(row)];
-  r.PendingText.assign(text);
+  // The cut text moves into its row: the caller has no use for it after the send.
+  r.PendingText = std::move(text);
   r.PendingText += shortTag ? "{" : " [TESK]{";
   if (seq < 10) r.PendingText += '0';
   r.PendingText += std::to_string(seq);

@@ -235,10 +235,12 @@ void TxPanel::AddMessage() {
   if (first != std::string_view::npos) {
     const std::string_view kept = all.substr(first, all.find_last_not_of(' ') - first + 1);
     text.assign(kept.substr(0, static_cast<std::size_t>(kMessageHistoryMax)));
-    for (char& c : text) {
-      if (c == '{') c = '(';
-      if (c == '}') c = ')';
-    }
+    // Most messages hold no brace, so the turn looks for them instead of visiting every
+    // character.
+    for (std::size_t i = text.find('{'); i != std::string::npos; i = text.find('{', i + 1))
+      text[i] = '(';
+    for (std::size_t i = text.find('}'); i != std::string::npos; i = text.find('}', i + 1))
+      text[i] = ')';
   }
   AddHistoryEntry(f.list, text, kMessageRule);
   f.selStart = 0;

@@ -57,12 +57,22 @@ TEST_F(MessageTest, OnlyAddresseesWithADigitAndNoBulletinWordGetAnAckRequest) {
   }
   EXPECT_EQ(count(TxAPRSMessageAck), 4);
   EXPECT_EQ(count(TxAPRSMessage), 10);
+  // The words are looked for in the upper-cased addressee, while the frame keeps it as typed;
+  // an addressee longer than any call is judged the same way.
+  send("bln1x");
+  EXPECT_EQ(sent().back().text, ":bln1x    :hi");
+  send("xx9ab");
+  EXPECT_EQ(sent().back().text, ":xx9ab    :hi{00");
+  send(std::string(40, 'q') + "7");
+  EXPECT_EQ(sent().back().text, ":qqqqqqqqq:hi{00");
+  send(std::string(40, 'q'));
+  EXPECT_EQ(sent().back().text, ":qqqqqqqqq:hi");
   // Auto-reply only: never a tag, and the plain message kind.
   config().AckUIViewType = 1;
   send("XX9AB");
   EXPECT_EQ(sent().back().text, ":XX9AB    :hi");
-  EXPECT_EQ(count(TxAPRSMessage), 11);
-  EXPECT_EQ(count(TxAPRSMessageAck), 4);
+  EXPECT_EQ(count(TxAPRSMessage), 13);
+  EXPECT_EQ(count(TxAPRSMessageAck), 6);
 }
 
 TEST_F(MessageTest, TheTextIsCutToLeaveRoomForTheTagAndTheAddressBlockTakesNine) {
