@@ -144,6 +144,29 @@ TEST_F(TxPanelViewTest, EnterInMessageForMovesTheKeyboardToTheMessage) {
   EXPECT_EQ(msg->toolTip(), "Message contents to transmit For:PA3XYZ");
 }
 
+TEST_F(TxPanelViewTest, ASelectionMadeByKeysIsKeptAndTypedOver) {
+  view->show();
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+  auto* forCall = child<QComboBox>("cmbFor");
+  forCall->setFocus();
+  QTest::keyClicks(forCall, "nws");
+  settle();
+  QTest::keyClick(forCall, Qt::Key_A, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(forCall->lineEdit()->selectedText(), "nws");
+  QTest::keyClicks(forCall, "xx9ab");
+  settle();
+  EXPECT_EQ(forCall->currentText(), "xx9ab");
+  QTest::keyClick(forCall, Qt::Key_Home, Qt::ShiftModifier);
+  settle();
+  EXPECT_EQ(forCall->lineEdit()->selectedText(), "xx9ab");
+  // A refresh, as the clock's each second, leaves the caret where the operator put it.
+  forCall->lineEdit()->setCursorPosition(2);
+  view->refresh();
+  EXPECT_EQ(forCall->lineEdit()->cursorPosition(), 2);
+}
+
 TEST_F(TxPanelViewTest, AListPickUpdatesTheCounterAndDropsFollowTheFieldsLimits) {
   main.cmbAPRSPos.list = {"short", std::string(55, 'p')};
   view->refresh();

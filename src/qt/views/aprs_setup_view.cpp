@@ -20,6 +20,7 @@
 #include "qt/qt_text.h"
 #include "qt/views/aprs_icon_painter.h"
 #include "qt/views/combo_items.h"
+#include "qt/views/view_kit.h"
 #include "transmit/tx_panel.h"
 
 namespace tesk {
@@ -38,7 +39,7 @@ void RenderControl(QWidget* w, const Control& d) {
 void RenderText(QLineEdit* w, const TextBox& d) {
   const QSignalBlocker block(w);
   if (w->text() != ToQString(d.text)) w->setText(ToQString(d.text));
-  if (d.maxLength > 0) w->setMaxLength(static_cast<int>(d.maxLength));
+  RenderMaxLength(w, d.maxLength);
   RenderControl(w, d);
 }
 

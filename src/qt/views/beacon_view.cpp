@@ -18,6 +18,7 @@
 
 #include "qt/qt_text.h"
 #include "qt/views/combo_items.h"
+#include "qt/views/view_kit.h"
 
 namespace tesk {
 
@@ -270,7 +271,7 @@ void BeaconView::refresh() {
   for (auto& [w, d] : m_texts) {
     const QSignalBlocker block(w);
     if (w->text() != ToQString(d->text)) w->setText(ToQString(d->text));
-    if (d->maxLength > 0) w->setMaxLength(static_cast<int>(d->maxLength));
+    RenderMaxLength(w, d->maxLength);
     RenderControl(w, *d);
     // A greyed box shows greyed, whatever colour the struct keeps for it.
   }

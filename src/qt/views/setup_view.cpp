@@ -356,7 +356,7 @@ void SetupView::render(const Bound& bound) {
         } else if constexpr (std::is_same_v<Held, TextBox>) {
           auto* w = static_cast<QLineEdit*>(first);
           if (w->text() != ToQString(d.text)) w->setText(ToQString(d.text));
-          if (d.maxLength > 0) w->setMaxLength(static_cast<int>(d.maxLength));
+          RenderMaxLength(w, d.maxLength);
           RenderControl(w, d);
         } else if constexpr (std::is_same_v<Held, ComboBox>) {
           auto* w = static_cast<QComboBox*>(first);

@@ -51,7 +51,7 @@ void RenderCombo(QComboBox* w, const ComboBox& d, const QString& fallbackTip) {
   w->setVisible(d.visible);
   w->setEnabled(d.enabled);
   edit->setReadOnly(d.locked);
-  edit->setMaxLength(d.maxLength > 0 ? static_cast<int>(d.maxLength) : 32767);
+  RenderMaxLength(edit, d.maxLength);
   PaintColors(edit, d, QPalette::Text, QPalette::Base);
   edit->setAutoFillBackground(false);
 }

@@ -109,6 +109,11 @@ bool SystemRole(Color c, QPalette::ColorRole& role) {
 
 }  // namespace
 
+void RenderMaxLength(QLineEdit* w, long maxLength) {
+  const int wanted = maxLength > 0 ? static_cast<int>(maxLength) : 32767;
+  if (w->maxLength() != wanted) w->setMaxLength(wanted);
+}
+
 void PaintColors(QWidget* w, const Control& c, QPalette::ColorRole fg, QPalette::ColorRole bg) {
   QPalette p = w->parentWidget() ? w->parentWidget()->palette() : w->palette();
   const bool back = IsOwnColor(c.backColor, kDefaultBack);

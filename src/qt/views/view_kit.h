@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPalette>
@@ -95,6 +96,9 @@ class ViewKit {
 bool IsOwnColor(Color c, Color dflt);
 void PaintColors(QWidget* w, const Control& c, QPalette::ColorRole fg, QPalette::ColorRole bg);
 void RenderLabel(QLabel* w, const Label& d);
+// A text box's limit, 0 for none. Qt sets the text again with every new limit, which drops the
+// operator's selection and moves the caret to the end, so an unchanged limit is left alone.
+void RenderMaxLength(QLineEdit* w, long maxLength);
 
 // A label that answers a double click and a right press.
 class ClickLabel : public QLabel {
