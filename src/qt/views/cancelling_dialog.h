@@ -9,6 +9,8 @@
 #include "platform/controls.h"
 
 class QCloseEvent;
+class QDialogButtonBox;
+class QPushButton;
 
 namespace tesk {
 
@@ -18,6 +20,15 @@ class CancellingDialog : public QDialog {
       : QDialog(parent), m_form(form), m_cancel(std::move(cancel)) {}
 
  protected:
+  // The row under a settings window: Apply (Command1, the default button) runs `apply`, Cancel
+  // (Command2) runs the window's Cancel. Both captions come from the window's struct.
+  struct ApplyCancel {
+    QDialogButtonBox* box;
+    QPushButton* apply;
+    QPushButton* cancel;
+  };
+  ApplyCancel addApplyCancel(std::function<void()> apply);
+
   void closeEvent(QCloseEvent* event) override;
   void reject() override;  // Escape: as Cancel
 

@@ -112,18 +112,13 @@ LanSetupView::LanSetupView(LanSetup& lan, QWidget* parent)
   m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
   col->addWidget(m_status);
 
-  auto* buttons = new QDialogButtonBox(this);
-  m_apply = buttons->addButton(QString(), QDialogButtonBox::ApplyRole);
-  m_apply->setObjectName(QStringLiteral("Command1"));
-  m_cancel = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
-  m_cancel->setObjectName(QStringLiteral("Command2"));
-  m_apply->setDefault(true);
-  connect(m_apply, &QPushButton::clicked, this, [this]() {
+  const ApplyCancel buttons = addApplyCancel([this]() {
     m_lan.Command1_Click();
     refresh();
   });
-  connect(m_cancel, &QPushButton::clicked, this, [this]() { m_lan.Command2_Click(); });
-  col->addWidget(buttons);
+  m_apply = buttons.apply;
+  m_cancel = buttons.cancel;
+  col->addWidget(buttons.box);
   refresh();
 }
 

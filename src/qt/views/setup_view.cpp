@@ -85,18 +85,13 @@ SetupView::SetupView(Setup& setup, QWidget* parent)
   m_help->setMinimumHeight(m_help->fontMetrics().lineSpacing() * 2 + 8);
   col->addWidget(m_help);
 
-  auto* buttons = new QDialogButtonBox(this);
-  m_apply = buttons->addButton(QString(), QDialogButtonBox::ApplyRole);
-  m_apply->setObjectName(QStringLiteral("Command1"));
-  m_cancel = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
-  m_cancel->setObjectName(QStringLiteral("Command2"));
-  m_apply->setDefault(true);
-  connect(m_apply, &QPushButton::clicked, this, [this]() {
+  const ApplyCancel buttons = addApplyCancel([this]() {
     m_setup.Command1_Click();
     if (m_data.form.loaded) refresh();
   });
-  connect(m_cancel, &QPushButton::clicked, this, [this]() { m_setup.Command2_Click(); });
-  col->addWidget(buttons);
+  m_apply = buttons.apply;
+  m_cancel = buttons.cancel;
+  col->addWidget(buttons.box);
   resize(820, 600);
   refresh();
 }
