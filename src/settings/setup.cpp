@@ -96,18 +96,7 @@ void Setup::HoverOptie(const std::string& controlName) {
 }
 
 void Setup::ResetExampleLabels() {
-  SetupWindow& w = m_window;
-  const StationConfig& c = m_config;
-  for (Label* l : {&w.lblExHeader, &w.lblExData, &w.lblExDigi, &w.lblExMessage})
-    l->backColor = c.ScreenColor;
-  w.lblExHeader.foreColor = c.HeaderColor;
-  w.lblExData.foreColor = c.DataColor;
-  w.lblExDigi.foreColor = c.DigiColor;
-  w.lblExMessage.foreColor = c.MessageColor;
-  w.lblExDataBox.foreColor = c.DataBoxForecolor;
-  w.lblExDataBox.backColor = c.DataBoxBackcolor;
-  w.lblExConnect.foreColor = c.ConnectForeColor;
-  w.lblExConnect.backColor = c.ConnectBackColor;
+  LoadExampleColors(m_window, m_config);
 }
 
 void Setup::SetTXMHeardType() {

@@ -138,19 +138,6 @@ constexpr ColorTarget kColorTargets[kSetupColors] = {{"[Header color]", "Header.
                                                      {"[ConnectForeColor]", "Terminal text..."},
                                                      {"[ConnectBackColor]", "Terminal back..."}};
 
-// The colours live on the example labels while the window is open.
-void LoadColors(SetupWindow& w, const StationConfig& c) {
-  for (Label* l : {&w.lblExHeader, &w.lblExData, &w.lblExDigi, &w.lblExMessage})
-    l->backColor = c.ScreenColor;
-  w.lblExHeader.foreColor = c.HeaderColor;
-  w.lblExData.foreColor = c.DataColor;
-  w.lblExDigi.foreColor = c.DigiColor;
-  w.lblExMessage.foreColor = c.MessageColor;
-  w.lblExDataBox.foreColor = c.DataBoxForecolor;
-  w.lblExDataBox.backColor = c.DataBoxBackcolor;
-  w.lblExConnect.foreColor = c.ConnectForeColor;
-  w.lblExConnect.backColor = c.ConnectBackColor;
-}
 void StoreColors(const SetupWindow& w, StationConfig& c) {
   c.ScreenColor = w.lblExHeader.backColor;
   c.HeaderColor = w.lblExHeader.foreColor;
@@ -249,7 +236,7 @@ void MonitorRows(std::vector<SetupControl>& t) {
     const ColorTarget& target = kColorTargets[i];
     SetupControl color = Push("cmdColor" + std::to_string(i), p, &SetupWindow::cmdColor, i,
                               target.caption, target.key, "taken from the example labels");
-    color.load = &LoadColors;
+    color.load = &LoadExampleColors;
     color.store = &StoreColors;
     t.push_back(color);
   }
@@ -511,6 +498,19 @@ std::vector<SetupControl> BuildTable() {
 }
 
 }  // namespace
+
+void LoadExampleColors(SetupWindow& w, const StationConfig& c) {
+  for (Label* l : {&w.lblExHeader, &w.lblExData, &w.lblExDigi, &w.lblExMessage})
+    l->backColor = c.ScreenColor;
+  w.lblExHeader.foreColor = c.HeaderColor;
+  w.lblExData.foreColor = c.DataColor;
+  w.lblExDigi.foreColor = c.DigiColor;
+  w.lblExMessage.foreColor = c.MessageColor;
+  w.lblExDataBox.foreColor = c.DataBoxForecolor;
+  w.lblExDataBox.backColor = c.DataBoxBackcolor;
+  w.lblExConnect.foreColor = c.ConnectForeColor;
+  w.lblExConnect.backColor = c.ConnectBackColor;
+}
 
 const std::vector<SetupControl>& SetupControls() {
   static const std::vector<SetupControl> table = BuildTable();

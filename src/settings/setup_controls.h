@@ -68,6 +68,9 @@ const Control& ControlOf(const SetupWindow& window, const SetupControl& row);
 // The value a row's control shows, as the console lists it ("1"/"0", the text, the row index).
 std::string SetupValueText(const SetupWindow& window, const SetupControl& row);
 
+// The colours onto the example labels, which hold them while the window is open.
+void LoadExampleColors(SetupWindow& window, const StationConfig& config);
+
 // The window as the designer left it: captions, tips, rows and lists, before the load fills it.
 SetupWindow DesignedSetupWindow();
 
