@@ -20,23 +20,6 @@ PATH_SENT="$MYCALL>APRS,ARISS"
 PLAIN="=5053.25N/00440.50E-e2e plain"
 COMPRESSED='=/4g%<O^\E-  Be2e compressed'
 
-report() {
-  echo "tesk exit status: ${tesk_status:-still running}"
-  e2e_show "$out"
-  e2e_show "$err"
-  e2e_show "$E2E_DW_LOG"
-}
-fail_run() {
-  [[ -n "${tesk_pid:-}" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(report)"
-}
-# Types LINE on the console and waits until TEXT (a fixed text) shows in FILE.
-type_and_wait() {
-  local line=$1 file=$2 text=$3 seconds=${4:-15}
-  printf '%s\n' "$line" >&8 || fail_run "could not type \"$line\""
-  e2e_wait_text "$file" "$text" "$seconds" "$tesk_pid" ||
-    fail_run "after typing \"$line\": no \"$text\" in $(basename "$file") within $seconds s"
-}
 # The info of the frame Dire Wolf logs as sent with the given start of its info.
 sent_info() {
   local line
@@ -57,24 +40,24 @@ e2e_launch_tesk "$E2E_TMP" "$fifo"
 exec 8>"$fifo"
 printf '%s\n' "$MYCALL" >&8
 e2e_wait_text "$E2E_DW_LOG" "datakind = 'k'" 40 "$tesk_pid" ||
-  fail_run "tesk never completed its log-on with Dire Wolf (no 'k' frame)"
+  e2e_fail_run "tesk never completed its log-on with Dire Wolf (no 'k' frame)"
 
-type_and_wait ":to APRS" "$out" "Path: To APRS"
-type_and_wait ":via ARISS" "$out" "Path: To APRS Via ARISS"
+e2e_type_and_wait ":to APRS" "$out" "Path: To APRS"
+e2e_type_and_wait ":via ARISS" "$out" "Path: To APRS Via ARISS"
 # A new position asks "Is this correct?"; the next line answers it.
 printf '%s\n' ":position 50 53 25 N 004 40 50 E /- plain" >&8
-type_and_wait "Y" "$out" "[APRS] =5053.25N/00440.50E-"
-type_and_wait ":aprs e2e plain" "$E2E_DW_LOG" "[0L] $PATH_SENT:$PLAIN"
+e2e_type_and_wait "Y" "$out" "[APRS] =5053.25N/00440.50E-"
+e2e_type_and_wait ":aprs e2e plain" "$E2E_DW_LOG" "[0L] $PATH_SENT:$PLAIN"
 # The same position in the compressed form: nothing to confirm.
-type_and_wait ":position 50 53 25 N 004 40 50 E compressed" "$out" "[APRSCompressed] =/4g%<O^\\E-  B"
-type_and_wait ":aprs e2e compressed" "$E2E_DW_LOG" "[0L] $PATH_SENT:$COMPRESSED"
-plain_info=$(sent_info "$PLAIN") || fail_run "no plain frame in Dire Wolf's log"
-compressed_info=$(sent_info "$COMPRESSED") || fail_run "no compressed frame in Dire Wolf's log"
+e2e_type_and_wait ":position 50 53 25 N 004 40 50 E compressed" "$out" "[APRSCompressed] =/4g%<O^\\E-  B"
+e2e_type_and_wait ":aprs e2e compressed" "$E2E_DW_LOG" "[0L] $PATH_SENT:$COMPRESSED"
+plain_info=$(sent_info "$PLAIN") || e2e_fail_run "no plain frame in Dire Wolf's log"
+compressed_info=$(sent_info "$COMPRESSED") || e2e_fail_run "no compressed frame in Dire Wolf's log"
 for info in "$plain_info" "$compressed_info"; do
-  e2e_wait_text "$out" "$info" 15 "$tesk_pid" || fail_run "the frame \"$info\" did not come back to the Monitor"
+  e2e_wait_text "$out" "$info" 15 "$tesk_pid" || e2e_fail_run "the frame \"$info\" did not come back to the Monitor"
 done
 printf ':quit\n' >&8
-e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
+e2e_await_tesk_end 15 || e2e_fail_run "tesk did not end within 15 s of \":quit\""
 exec 8>&-
 
 failures=()
@@ -91,7 +74,7 @@ for d in "$plain_decoded" "$compressed_decoded"; do
   grep -qF "House" <<<"$d" || failures+=("decode_aprs named no House symbol:"$'\n'"$d")
 done
 if ((${#failures[@]})); then
-  fail_run "$(printf '%s\n' "${failures[@]}")"
+  e2e_fail_run "$(printf '%s\n' "${failures[@]}")"
 fi
 echo "direwolf_aprs: Dire Wolf sent \"$plain_info\" and \"$compressed_info\"; decode_aprs:"
 grep -hE "^(Position|N 50)" <<<"$plain_decoded"$'\n'"$compressed_decoded" | sed 's/^/  /'

@@ -27,16 +27,6 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(e2e_show "$out"; e2e_show "$err"; e2e_show "$E2E_DW_LOG")"
-}
-type_and_wait() {
-  local line=$1 file=$2 text=$3 seconds=${4:-15}
-  printf '%s\n' "$line" >&8 || fail_run "could not type \"$line\""
-  e2e_wait_text "$file" "$text" "$seconds" "$tesk_pid" ||
-    fail_run "after typing \"$line\": no \"$text\" in $(basename "$file") within $seconds s"
-}
 # The frames Dire Wolf sent for the console after line MARK of its log, one info a line.
 sent_after() { tail -n +"$(($1 + 1))" "$E2E_DW_LOG" | grep -F -- "$SENT" | sed "s/^.*ARISS://"; }
 log_lines() { wc -l <"$E2E_DW_LOG"; }
@@ -53,27 +43,27 @@ e2e_launch_tesk "$E2E_TMP" "$fifo"
 exec 8>"$fifo"
 printf '%s\n' "$MYCALL" >&8
 e2e_wait_text "$out" "Connected to Server 127.0.0.1" 40 "$tesk_pid" ||
-  fail_run "no \"Connected to Server 127.0.0.1\""
+  e2e_fail_run "no \"Connected to Server 127.0.0.1\""
 # Frames heard before the console asked for monitoring never reach it.
 e2e_wait_text "$E2E_DW_LOG" "datakind = 'm'" 20 "$tesk_pid" ||
-  fail_run "tesk never asked Dire Wolf for the monitored frames"
+  e2e_fail_run "tesk never asked Dire Wolf for the monitored frames"
 
 # 1. Three stations heard (after a second of silence, so the first frame is not cut).
-head -c 88200 /dev/zero >&"$E2E_FEED_FD" || fail_run "could not feed silence to Dire Wolf"
+head -c 88200 /dev/zero >&"$E2E_FEED_FD" || e2e_fail_run "could not feed silence to Dire Wolf"
 E2E_FEED_GAP=1 e2e_feed "${E2E_WAVS[@]}"
-head -c 88200 /dev/zero >&"$E2E_FEED_FD" || fail_run "could not feed silence to Dire Wolf"
+head -c 88200 /dev/zero >&"$E2E_FEED_FD" || e2e_fail_run "could not feed silence to Dire Wolf"
 for line in "${LINES[@]}"; do
   e2e_wait_text "$out" "$(e2e_info_of "$line")" 20 "$tesk_pid" ||
-    fail_run "the frame \"$line\" was not heard"
+    e2e_fail_run "the frame \"$line\" was not heard"
 done
 
 # 2. The text field holds the beacon's text (sent once by hand), then the beacon: text and the
 # heard list in turn every 10 s.
-type_and_wait ":to CQ" "$out" "Path: To CQ"
-type_and_wait ":via ARISS" "$out" "Path: To CQ Via ARISS"
-type_and_wait "$TEXT" "$E2E_DW_LOG" "$SENT$TEXT"
+e2e_type_and_wait ":to CQ" "$out" "Path: To CQ"
+e2e_type_and_wait ":via ARISS" "$out" "Path: To CQ Via ARISS"
+e2e_type_and_wait "$TEXT" "$E2E_DW_LOG" "$SENT$TEXT"
 mark=$(log_lines)
-type_and_wait ":beacon chkBeaconActiv=1 txtBeaconInterval=10 chkItemMHeard=1" "$out" \
+e2e_type_and_wait ":beacon chkBeaconActiv=1 txtBeaconInterval=10 chkItemMHeard=1" "$out" \
   "Beacon plan: Beacon ON, every 10 s, items text+MHeard"
 times=()
 seen=0
@@ -84,43 +74,41 @@ while ((SECONDS < deadline && seen < 3)); do
     times+=("$(date +%s.%N)")
     seen=$((seen + 1))
   done
-  kill -0 "$tesk_pid" 2>/dev/null || fail_run "tesk ended while beaconing"
+  kill -0 "$tesk_pid" 2>/dev/null || e2e_fail_run "tesk ended while beaconing"
   sleep 0.2
 done
-((seen >= 3)) || fail_run "Dire Wolf sent $seen beacon frames within 45 s, expected 3"
+((seen >= 3)) || e2e_fail_run "Dire Wolf sent $seen beacon frames within 45 s, expected 3"
 mapfile -t frames < <(sent_after "$mark")
-[[ "${frames[0]}" == "$TEXT"* ]] || fail_run "the first beacon frame was not the text: ${frames[0]}"
+[[ "${frames[0]}" == "$TEXT"* ]] || e2e_fail_run "the first beacon frame was not the text: ${frames[0]}"
 [[ "${frames[1]}" == *PA3ABC* && "${frames[1]}" == *DL1XYZ-7* && "${frames[1]}" == *OK1AB* ]] ||
-  fail_run "the second beacon frame was not the heard report: ${frames[1]}"
-[[ "${frames[2]}" == "${frames[0]}" ]] || fail_run "the third beacon frame was not the text: ${frames[2]}"
+  e2e_fail_run "the second beacon frame was not the heard report: ${frames[1]}"
+[[ "${frames[2]}" == "${frames[0]}" ]] || e2e_fail_run "the third beacon frame was not the text: ${frames[2]}"
 for i in 1 2; do
   gap=$(awk -v a="${times[i - 1]}" -v b="${times[i]}" 'BEGIN { printf "%.1f", b - a }')
   awk -v g="$gap" 'BEGIN { exit !(g >= 9) }' ||
-    fail_run "beacon frames $i and $((i + 1)) came $gap s apart, less than 9"
+    e2e_fail_run "beacon frames $i and $((i + 1)) came $gap s apart, less than 9"
 done
 
 # 3. The double click's console line stops it.
-type_and_wait ":beacon toggle" "$out" "Beacon: Beacon OFF"
+e2e_type_and_wait ":beacon toggle" "$out" "Beacon: Beacon OFF"
 stopped=$(log_lines)
 sleep 15
 n=$(sent_after "$stopped" | wc -l)
-((n == 0)) || fail_run "Dire Wolf sent $n frames after the beacon was switched off"
+((n == 0)) || e2e_fail_run "Dire Wolf sent $n frames after the beacon was switched off"
 
 # 4. The position item alone.
 printf '%s\n' ":position 50 53 25 N 004 40 50 E /- plain" >&8
-type_and_wait "Y" "$out" "[APRS] =5053.25N/00440.50E-"
+e2e_type_and_wait "Y" "$out" "[APRS] =5053.25N/00440.50E-"
 mark=$(log_lines)
-type_and_wait ":beacon chkItemData=0 chkItemMHeard=0 chkItemAPRS=1 chkBeaconActiv=1" "$out" \
+e2e_type_and_wait ":beacon chkItemData=0 chkItemMHeard=0 chkItemAPRS=1 chkBeaconActiv=1" "$out" \
   "Beacon plan: Beacon ON, every 10 s, items position"
 e2e_wait_text "$E2E_DW_LOG" "${SENT}=5053.25N/00440.50E-" 25 "$tesk_pid" ||
-  fail_run "Dire Wolf did not send the position beacon"
+  e2e_fail_run "Dire Wolf did not send the position beacon"
 info=$(sent_after "$mark" | head -n 1)
 decoded=$(printf '%s\n' "$MYCALL>CQ:$info" | decode_aprs 2>&1 | sed 's/\x1b\[[0-9;]*[A-Za-z]//g')
 grep -qF "N 50 53.2500, E 004 40.5000" <<<"$decoded" ||
-  fail_run "decode_aprs did not read the beacon as the position:"$'\n'"$decoded"
-printf ':beacon toggle\n:quit\n' >&8
-e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
-exec 8>&-
-((tesk_status == 0)) || fail_run "tesk ended with status $tesk_status"
+  e2e_fail_run "decode_aprs did not read the beacon as the position:"$'\n'"$decoded"
+printf ':beacon toggle\n' >&8
+e2e_quit
 echo "direwolf_beacon: text, heard report, text at least 9 s apart; silent after the toggle;" \
   "the position beacon decoded as $(grep -m1 -F 'N 50 53' <<<"$decoded")"

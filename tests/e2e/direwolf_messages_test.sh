@@ -21,37 +21,16 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(e2e_show "$out"; e2e_show "$err"; e2e_show "$E2E_DW_LOG")"
-}
 
 # How often Dire Wolf sent the fixed text LINE.
 dw_count() { grep -cF -- "[0L] $MYCALL>$PATH_SENT:$1" "$E2E_DW_LOG"; }
 
-# Starts the console of RUN_DIR reading the fifo NAME, held open on descriptor 8. Each start
-# writes its own output, the earlier one is kept beside it.
-launch() {
-  local name=$1
-  local fifo="$run_dir/$name.stdin"
-  [[ -f "$run_dir/tesk.out" ]] && mv "$run_dir/tesk.out" "$run_dir/tesk.out.before"
-  mkfifo "$fifo" || e2e_fail "no fifo"
-  e2e_launch_tesk "$run_dir" "$fifo"
-  exec 8>"$fifo"
-}
 
-quit() {
-  printf ':quit\n' >&8
-  e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
-  exec 8>&-
-  ((tesk_status == 0)) || fail_run "tesk ended with status $tesk_status"
-  tesk_pid=""
-}
 
 # Sets the value line behind [KEY] in the settings file FILE to " VALUE ".
 set_ini() {
   local file=$1 key=$2 value=$3
-  grep -qxF "[$key]"$'\r' "$file" || fail_run "no [$key] in $file"
+  grep -qxF "[$key]"$'\r' "$file" || e2e_fail_run "no [$key] in $file"
   awk -v key="[$key]"$'\r' -v value=" $value "$'\r' \
     '{ if (take) { print value; take = 0 } else print } $0 == key { take = 1 }' "$file" \
     >"$file.new" && mv "$file.new" "$file"
@@ -64,19 +43,19 @@ mkdir -p "$home"
 e2e_write_lan_ini "$home" 1
 
 # 1. The first start: the call sign, then an end that writes tesk.ini.
-launch first
+e2e_relaunch "$run_dir" first
 printf '%s\n' "$MYCALL" >&8
 e2e_wait_text "$out" "Connected to Server 127.0.0.1" 40 "$tesk_pid" ||
-  fail_run "no \"Connected to Server 127.0.0.1\" at the first start"
-quit
-[[ -f "$home/tesk.ini" ]] || fail_run "the first start wrote no tesk.ini"
+  e2e_fail_run "no \"Connected to Server 127.0.0.1\" at the first start"
+e2e_quit
+[[ -f "$home/tesk.ini" ]] || e2e_fail_run "the first start wrote no tesk.ini"
 set_ini "$home/tesk.ini" AckUIViewType 2
 set_ini "$home/tesk.ini" AckInterval 10
 
 # 2. The message with its retries.
-launch second
+e2e_relaunch "$run_dir" second
 e2e_wait_text "$out" "Connected to Server 127.0.0.1" 40 "$tesk_pid" ||
-  fail_run "no \"Connected to Server 127.0.0.1\" at the second start"
+  e2e_fail_run "no \"Connected to Server 127.0.0.1\" at the second start"
 printf ':to APRS\n:via ARISS\n:for XX1ABC\n:msg Hello from the e2e\n' >&8
 times=()
 deadline=$((SECONDS + 60))
@@ -88,28 +67,28 @@ while ((SECONDS < deadline)); do
     seen=$((seen + 1))
   done
   ((seen >= 4)) && break
-  kill -0 "$tesk_pid" 2>/dev/null || fail_run "tesk ended while its message was retried"
+  kill -0 "$tesk_pid" 2>/dev/null || e2e_fail_run "tesk ended while its message was retried"
   sleep 0.2
 done
-((seen == 4)) || fail_run "Dire Wolf sent the message $seen times within 60 s, expected 4"
+((seen == 4)) || e2e_fail_run "Dire Wolf sent the message $seen times within 60 s, expected 4"
 for i in 1 2 3; do
   gap=$(awk -v a="${times[i - 1]}" -v b="${times[i]}" 'BEGIN { printf "%.1f", b - a }')
   awk -v g="$gap" 'BEGIN { exit !(g >= 8 && g <= 12.5) }' ||
-    fail_run "send $i to $((i + 1)) of the message came $gap s apart, not about 10"
+    e2e_fail_run "send $i to $((i + 1)) of the message came $gap s apart, not about 10"
 done
 sleep 15
 n=$(dw_count "$MESSAGE")
-((n == 4)) || fail_run "Dire Wolf sent the message $n times, a fifth came after the fourth"
+((n == 4)) || e2e_fail_run "Dire Wolf sent the message $n times, a fifth came after the fourth"
 
 # 3. A bulletin: once, with no tag.
 printf ':for BLN\n:msg A bulletin for all\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $MYCALL>$PATH_SENT:$BULLETIN" 15 "$tesk_pid" ||
-  fail_run "Dire Wolf did not send the bulletin"
+  e2e_fail_run "Dire Wolf did not send the bulletin"
 sleep 12
 grep -F -- "[0L] $MYCALL>$PATH_SENT:$BULLETIN" "$E2E_DW_LOG" | grep -qvxF -- \
-  "[0L] $MYCALL>$PATH_SENT:$BULLETIN" && fail_run "the bulletin went out with more than its text"
+  "[0L] $MYCALL>$PATH_SENT:$BULLETIN" && e2e_fail_run "the bulletin went out with more than its text"
 n=$(dw_count "$BULLETIN")
-((n == 1)) || fail_run "Dire Wolf sent the bulletin $n times, expected once"
-quit
+((n == 1)) || e2e_fail_run "Dire Wolf sent the bulletin $n times, expected once"
+e2e_quit
 echo "direwolf_messages: the message to XX1ABC went out four times about 10 s apart and no" \
   "fifth time; the bulletin once, without a tag"

@@ -21,17 +21,12 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-report() {
+e2e_report() {
   echo "tesk exit status: ${tesk_status:-still running}"
   e2e_show "$out"
   e2e_show "$err"
   e2e_show "$E2E_DW_LOG"
   e2e_show "$home/TXMultiLine.ini"
-}
-
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(report)"
 }
 
 e2e_start_direwolf XX9DW
@@ -56,23 +51,23 @@ e2e_launch_tesk "$run_dir" "$fifo"
 exec 8>"$fifo"
 printf '%s\n' "$MYCALL" >&8
 e2e_wait_text "$E2E_DW_LOG" "datakind = 'k'" 40 "$tesk_pid" ||
-  fail_run "tesk never completed its log-on with Dire Wolf (no 'k' frame)"
+  e2e_fail_run "tesk never completed its log-on with Dire Wolf (no 'k' frame)"
 
 printf ':to CQ\n' >&8
-e2e_wait_text "$out" "Path: To CQ" 15 "$tesk_pid" || fail_run "no \"Path: To CQ\""
+e2e_wait_text "$out" "Path: To CQ" 15 "$tesk_pid" || e2e_fail_run "no \"Path: To CQ\""
 printf ':via\n' >&8
-e2e_wait_match "$out" "^Path: To CQ"$'\r'"?\$" 15 "$tesk_pid" || fail_run "\":via\" did not empty Via"
+e2e_wait_match "$out" "^Path: To CQ"$'\r'"?\$" 15 "$tesk_pid" || e2e_fail_run "\":via\" did not empty Via"
 t_before=$(grep -cF "datakind = 'T'" "$E2E_DW_LOG")
 printf ':multiline 1\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $MYCALL>CQ:$on_air" 15 "$tesk_pid" ||
-  fail_run "Dire Wolf did not send the page as one frame"
+  e2e_fail_run "Dire Wolf did not send the page as one frame"
 header="Fm $MYCALL To CQ <UI pid=F0 Len=${#page} "
 e2e_wait_text "$out" "$header" 15 "$tesk_pid" ||
-  fail_run "the sent page did not come back to the Monitor (no \"$header\")"
+  e2e_fail_run "the sent page did not come back to the Monitor (no \"$header\")"
 # Nothing else may follow: a second frame would come within a second or two.
 sleep 3
 printf ':quit\n' >&8
-e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
+e2e_await_tesk_end 15 || e2e_fail_run "tesk did not end within 15 s of \":quit\""
 exec 8>&-
 
 failures=()
@@ -94,7 +89,7 @@ done
 cmp -s "$home/TXMultiLine.ini" "$run_dir/TXMultiLine.before" ||
   failures+=("TXMultiLine.ini changed at exit")
 if ((${#failures[@]})); then
-  fail_run "$(printf '%s\n' "${failures[@]}")"
+  e2e_fail_run "$(printf '%s\n' "${failures[@]}")"
 fi
 echo "direwolf_multiline: \":multiline 1\" made Dire Wolf send one frame, \"$on_air\"," \
   "handed back as 'T' and shown in the Monitor; TXMultiLine.ini kept its pages"

@@ -18,29 +18,8 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(e2e_show "$out"; e2e_show "$err"; e2e_show "$E2E_DW_LOG")"
-}
 
-# Starts the console reading the fifo NAME, held open on descriptor 8; the output of an earlier
-# start is kept beside the new one.
-launch() {
-  local name=$1
-  local fifo="$run_dir/$name.stdin"
-  [[ -f "$run_dir/tesk.out" ]] && mv "$run_dir/tesk.out" "$run_dir/tesk.out.before"
-  mkfifo "$fifo" || e2e_fail "no fifo"
-  e2e_launch_tesk "$run_dir" "$fifo"
-  exec 8>"$fifo"
-}
 
-quit() {
-  printf ':quit\n' >&8
-  e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
-  exec 8>&-
-  ((tesk_status == 0)) || fail_run "tesk ended with status $tesk_status"
-  tesk_pid=""
-}
 
 # The log-on of direct mode ends with the raw-frame request ('k'); count them to see a new one.
 logons() { grep -cF "datakind = 'k'" "$E2E_DW_LOG"; }
@@ -61,34 +40,34 @@ mkdir -p "$home"
 e2e_write_lan_ini "$home" 0
 
 # 1. The first start, with the first call, then the call changed in the Setup window.
-launch first
+e2e_relaunch "$run_dir" first
 printf '%s\n' "$FIRSTCALL" >&8
-await_logon 0 || fail_run "tesk never logged on to Dire Wolf"
+await_logon 0 || e2e_fail_run "tesk never logged on to Dire Wolf"
 printf ':to CQ\n:via\nBefore the change\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $FIRSTCALL>CQ:Before the change" 15 "$tesk_pid" ||
-  fail_run "the first line did not go out from $FIRSTCALL"
+  e2e_fail_run "the first line did not go out from $FIRSTCALL"
 printf ':setup txtCallsign=%s\n' "$NEWCALL" >&8
 e2e_wait_text "$out" "[New Callsign Entered] New call activated." 15 "$tesk_pid" ||
-  fail_run "no box \"New Callsign Entered\" after the call change"
+  e2e_fail_run "no box \"New Callsign Entered\" after the call change"
 # The box waits for its answer: an empty line is its OK.
 printf '\n' >&8
 grep -qF "Please restart TESK and Software Modem." "$out" ||
-  fail_run "the box does not ask to restart TESK and the software modem"
+  e2e_fail_run "the box does not ask to restart TESK and the software modem"
 printf 'After the change\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $NEWCALL>CQ:After the change" 15 "$tesk_pid" ||
-  fail_run "the next Text/data line did not go out from $NEWCALL"
-quit
-tr -d '\r' <"$home/tesk.ini" | grep -qxF "$NEWCALL" || fail_run "tesk.ini does not hold $NEWCALL"
+  e2e_fail_run "the next Text/data line did not go out from $NEWCALL"
+e2e_quit
+tr -d '\r' <"$home/tesk.ini" | grep -qxF "$NEWCALL" || e2e_fail_run "tesk.ini does not hold $NEWCALL"
 
 # 2. A new start: no question for the call, and the station sends from the new call.
 before=$(logons)
-launch second
-await_logon "$before" || fail_run "the second start never logged on to Dire Wolf"
-grep -qF "Your Call Sign" "$out" && fail_run "the second start asked for the call sign again"
+e2e_relaunch "$run_dir" second
+await_logon "$before" || e2e_fail_run "the second start never logged on to Dire Wolf"
+grep -qF "Your Call Sign" "$out" && e2e_fail_run "the second start asked for the call sign again"
 printf 'After the restart\n' >&8
 e2e_wait_text "$E2E_DW_LOG" "[0L] $NEWCALL>CQ:After the restart" 15 "$tesk_pid" ||
-  fail_run "after the restart the line did not go out from $NEWCALL"
-quit
+  e2e_fail_run "after the restart the line did not go out from $NEWCALL"
+e2e_quit
 
 echo "direwolf_setup: the call changed from $FIRSTCALL to $NEWCALL on the engine at once," \
   "and kept after a restart"

@@ -18,16 +18,6 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$*"$'\n'"$(e2e_show "$out"; e2e_show "$err"; e2e_show "$E2E_DW_LOG")"
-}
-type_and_wait() {
-  local line=$1 file=$2 text=$3 seconds=${4:-15}
-  printf '%s\n' "$line" >&8 || fail_run "could not type \"$line\""
-  e2e_wait_text "$file" "$text" "$seconds" "$tesk_pid" ||
-    fail_run "after typing \"$line\": no \"$text\" in $(basename "$file") within $seconds s"
-}
 
 e2e_start_direwolf XX9DW
 e2e_log "Dire Wolf listens on 127.0.0.1:$E2E_AGW_PORT"
@@ -42,20 +32,20 @@ e2e_launch_tesk "$E2E_TMP" "$fifo"
 exec 8>"$fifo"
 printf '%s\n' "$MYCALL" >&8
 e2e_wait_text "$out" "Connected to Server 127.0.0.1" 40 "$tesk_pid" ||
-  fail_run "no \"Connected to Server 127.0.0.1\""
-type_and_wait ":to CQ" "$out" "Path: To CQ"
-type_and_wait ":via ARISS" "$out" "Path: To CQ Via ARISS"
+  e2e_fail_run "no \"Connected to Server 127.0.0.1\""
+e2e_type_and_wait ":to CQ" "$out" "Path: To CQ"
+e2e_type_and_wait ":via ARISS" "$out" "Path: To CQ Via ARISS"
 
 # 1. The beacon file, lines 1 and 2 in one frame.
-type_and_wait ":beacon chkBeaconActiv=1 txtBeaconInterval=10 chkItemData=0 chkItemFile=1 \"txtAddFilePath=$E2E_TMP/e2e_beacon.dat\" OptWhichBeaconLines=2" \
+e2e_type_and_wait ":beacon chkBeaconActiv=1 txtBeaconInterval=10 chkItemData=0 chkItemFile=1 \"txtAddFilePath=$E2E_TMP/e2e_beacon.dat\" OptWhichBeaconLines=2" \
   "$out" "Beacon plan: Beacon ON, every 10 s, items file"
 e2e_wait_text "$E2E_DW_LOG" "[0L] $MYCALL>CQ,ARISS:First beacon line<0x0d>Second beacon line {TESK54}" \
-  25 "$tesk_pid" || fail_run "Dire Wolf did not send the two lines of the beacon file as one frame"
-type_and_wait ":beacon toggle" "$out" "Beacon: Beacon OFF"
+  25 "$tesk_pid" || e2e_fail_run "Dire Wolf did not send the two lines of the beacon file as one frame"
+e2e_type_and_wait ":beacon toggle" "$out" "Beacon: Beacon OFF"
 
 # 2. The wizard: Yes, interval 3, pause 60, code BE, Yes, then the summary's OK.
 printf ':wizard\nY\n3\n60\nBE\nY\n\n' >&8
-e2e_wait_text "$out" "Shadow: Shadow Exp. Mode!" 15 "$tesk_pid" || fail_run "the wizard did not switch the mode on"
+e2e_wait_text "$out" "Shadow: Shadow Exp. Mode!" 15 "$tesk_pid" || e2e_fail_run "the wizard did not switch the mode on"
 pattern="^\[0L\] $MYCALL>BEACON,ARISS:SpEx SHADOW [0-9]{2}:[0-9]{2}:[0-9]{2} \*BE\* [0-9]{2}-[0-9]{2}-[0-9]{4}/$"
 times=()
 seen=0
@@ -66,18 +56,16 @@ while ((SECONDS < deadline && seen < 5)); do
     times+=("$(date +%s.%N)")
     seen=$((seen + 1))
   done
-  kill -0 "$tesk_pid" 2>/dev/null || fail_run "tesk ended during the Shadow Experiment"
+  kill -0 "$tesk_pid" 2>/dev/null || e2e_fail_run "tesk ended during the Shadow Experiment"
   sleep 0.1
 done
-((seen >= 5)) || fail_run "Dire Wolf sent $seen Shadow frames within 30 s, expected 5 or more"
+((seen >= 5)) || e2e_fail_run "Dire Wolf sent $seen Shadow frames within 30 s, expected 5 or more"
 for i in 2 3 4; do
   gap=$(awk -v a="${times[i - 1]}" -v b="${times[i]}" 'BEGIN { printf "%.1f", b - a }')
   awk -v g="$gap" 'BEGIN { exit !(g >= 2 && g <= 4.5) }' ||
-    fail_run "Shadow frames $i and $((i + 1)) came $gap s apart, not about 3"
+    e2e_fail_run "Shadow frames $i and $((i + 1)) came $gap s apart, not about 3"
 done
-printf ':beacon toggle\n:quit\n' >&8
-e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
-exec 8>&-
-((tesk_status == 0)) || fail_run "tesk ended with status $tesk_status"
+printf ':beacon toggle\n' >&8
+e2e_quit
 echo "direwolf_shadow: the beacon file went out as one frame of two lines; Shadow frames" \
   "$(grep -m1 -E -- "$pattern" "$E2E_DW_LOG" | sed 's/^\[0L\] //') and more, about 3 s apart"

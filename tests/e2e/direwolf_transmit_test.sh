@@ -32,29 +32,18 @@ err=""
 tesk_pid=""
 tesk_status=""
 
-report() {
+e2e_report() {
   echo "mode: $mode_name; tesk exit status: ${tesk_status:-still running}"
   e2e_show "$out"
   e2e_show "$err"
   e2e_show "$E2E_DW_LOG"
 }
 
-fail_run() {
-  [[ -n "$tesk_pid" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
-  e2e_fail "$mode_name: $*"$'\n'"$(report)"
-}
 
 # What Dire Wolf logs of the frames the console asked it to send, and of what it sent.
 dw_requests() { grep -cE '^<<< Send UNPROTO (Information|VIA) from AGWPE client' "$E2E_DW_LOG"; }
 dw_sent() { grep -E '^\[0L\] ' "$E2E_DW_LOG"; }
 
-# Types LINE on the console and waits until TEXT (a fixed text) shows in FILE.
-type_and_wait() {
-  local line=$1 file=$2 text=$3 seconds=${4:-15}
-  printf '%s\n' "$line" >&8 || fail_run "could not type \"$line\""
-  e2e_wait_text "$file" "$text" "$seconds" "$tesk_pid" ||
-    fail_run "after typing \"$line\": no \"$text\" in $(basename "$file") within $seconds s"
-}
 
 # One run: MODE 0 (direct) or 1 (LAN), VIA the path typed after ":via" (may be empty).
 run_mode() {
@@ -84,10 +73,10 @@ run_mode() {
   local last_logon="k"
   ((mode == 1)) && last_logon="m"
   e2e_wait_text "$E2E_DW_LOG" "datakind = '$last_logon'" 40 "$tesk_pid" ||
-    fail_run "tesk never completed its log-on with Dire Wolf (no '$last_logon' frame)"
+    e2e_fail_run "tesk never completed its log-on with Dire Wolf (no '$last_logon' frame)"
   if ((mode == 1)); then
     e2e_wait_text "$out" "Connected to Server 127.0.0.1" 10 "$tesk_pid" ||
-      fail_run "no \"Connected to Server 127.0.0.1\""
+      e2e_fail_run "no \"Connected to Server 127.0.0.1\""
   fi
 
   # 1. Other stations, so that the MHeard list has something to report.
@@ -97,41 +86,41 @@ run_mode() {
   local call
   for call in "${OTHERS[@]}"; do
     e2e_wait_match "$out" "^MHeard [0-9]+: ${call}"$'\r'"?\$" 20 "$tesk_pid" ||
-      fail_run "$call did not enter the MHeard list"
+      e2e_fail_run "$call did not enter the MHeard list"
   done
   local before
   before=$(dw_requests)
-  ((before == 0)) || fail_run "Dire Wolf was asked to send $before frames before anything was typed"
+  ((before == 0)) || e2e_fail_run "Dire Wolf was asked to send $before frames before anything was typed"
 
   # 2. The path, then a Text/data line and a header-only frame.
-  type_and_wait ":to CQ" "$out" "Path: To CQ"
+  e2e_type_and_wait ":to CQ" "$out" "Path: To CQ"
   if [[ -n "$via" ]]; then
-    type_and_wait ":via $via" "$out" "Path: To CQ Via $via"
+    e2e_type_and_wait ":via $via" "$out" "Path: To CQ Via $via"
   else
     printf ':via\n' >&8
     e2e_wait_match "$out" "^Path: To CQ"$'\r'"?\$" 15 "$tesk_pid" ||
-      fail_run "\":via\" did not empty the Via path"
+      e2e_fail_run "\":via\" did not empty the Via path"
   fi
-  type_and_wait "$text" "$E2E_DW_LOG" "[0L] $MYCALL>$path:$text"
+  e2e_type_and_wait "$text" "$E2E_DW_LOG" "[0L] $MYCALL>$path:$text"
   e2e_wait_text "$out" "$header${#text} " 15 "$tesk_pid" ||
-    fail_run "the sent text did not come back to the Monitor (no \"$header${#text} \")"
+    e2e_fail_run "the sent text did not come back to the Monitor (no \"$header${#text} \")"
   printf ':header\n' >&8
   # Nothing follows the colon of a frame without data. (Calls and paths hold no regex specials.)
   e2e_wait_match "$E2E_DW_LOG" "^\\[0L\\] $MYCALL>$path:\$" 15 "$tesk_pid" ||
-    fail_run "Dire Wolf did not send the header-only frame"
+    e2e_fail_run "Dire Wolf did not send the header-only frame"
   # The own frames came back and so entered the MHeard list: the report must leave that call out.
   e2e_wait_match "$out" "^MHeard [0-9]+: ${MYCALL}"$'\r'"?\$" 15 "$tesk_pid" ||
-    fail_run "the own frames did not enter the MHeard list"
+    e2e_fail_run "the own frames did not enter the MHeard list"
 
   # 3. An unknown command: one error line, nothing sent. The heard report typed after it shows
   # that the console has dealt with it, and any frame of it would reach Dire Wolf first.
-  type_and_wait ":bogus" "$out" "Unknown console command: :bogus"
-  type_and_wait ":heard" "$E2E_DW_LOG" "{TESK"
+  e2e_type_and_wait ":bogus" "$out" "Unknown console command: :bogus"
+  e2e_type_and_wait ":heard" "$E2E_DW_LOG" "{TESK"
   e2e_wait_match "$out" '^:BLNQSL1/1:.*\{TESK[0-9]+\}' 15 "$tesk_pid" ||
-    fail_run "the heard report did not come back to the Monitor"
+    e2e_fail_run "the heard report did not come back to the Monitor"
 
   printf ':quit\n' >&8
-  e2e_await_tesk_end 15 || fail_run "tesk did not end within 15 s of \":quit\""
+  e2e_await_tesk_end 15 || e2e_fail_run "tesk did not end within 15 s of \":quit\""
   exec 8>&-
   check_run "$text" "$header" "$path"
   tesk_pid=""
@@ -174,7 +163,7 @@ check_run() {
   errors=$(grep -c "Unknown console command" "$out")
   ((errors == 1)) || failures+=("$errors \"Unknown console command\" lines, expected 1")
   if ((${#failures[@]})); then
-    fail_run "$(printf '%s\n' "${failures[@]}")"
+    e2e_fail_run "$(printf '%s\n' "${failures[@]}")"
   fi
 }
 

@@ -287,3 +287,47 @@ e2e_show() {
   cat -v "$1" 2>/dev/null | head -c 20000
   echo "----- end of $1 -----"
 }
+
+# ---- one console under test, its input held open on descriptor 8 ----
+
+# What a failed check shows of the run. A script may define its own after sourcing this file.
+e2e_report() {
+  echo "tesk exit status: ${tesk_status:-still running}"
+  e2e_show "$out"
+  e2e_show "$err"
+  e2e_show "$E2E_DW_LOG"
+}
+
+# e2e_fail_run MESSAGE...: stops the console if it still runs, then fails with the report.
+e2e_fail_run() {
+  [[ -n "${tesk_pid:-}" ]] && kill -0 "$tesk_pid" 2>/dev/null && e2e_stop "$tesk_pid" 5
+  e2e_fail "$*"$'\n'"$(e2e_report)"
+}
+
+# e2e_type_and_wait LINE FILE TEXT [SECONDS]: types LINE on the console and waits until TEXT (a
+# fixed text) shows in FILE.
+e2e_type_and_wait() {
+  local line=$1 file=$2 text=$3 seconds=${4:-15}
+  printf '%s\n' "$line" >&8 || e2e_fail_run "could not type \"$line\""
+  e2e_wait_text "$file" "$text" "$seconds" "$tesk_pid" ||
+    e2e_fail_run "after typing \"$line\": no \"$text\" in $(basename "$file") within $seconds s"
+}
+
+# e2e_relaunch DIR NAME: starts the console of DIR reading the fifo NAME, held open on
+# descriptor 8. The output of an earlier start is kept beside the new one.
+e2e_relaunch() {
+  local dir=$1 fifo="$1/$2.stdin"
+  [[ -f "$dir/tesk.out" ]] && mv "$dir/tesk.out" "$dir/tesk.out.before"
+  mkfifo "$fifo" || e2e_fail "no fifo"
+  e2e_launch_tesk "$dir" "$fifo"
+  exec 8>"$fifo"
+}
+
+# e2e_quit: ends the console with ":quit" and checks that it ended well within 15 s.
+e2e_quit() {
+  printf ':quit\n' >&8
+  e2e_await_tesk_end 15 || e2e_fail_run "tesk did not end within 15 s of \":quit\""
+  exec 8>&-
+  ((tesk_status == 0)) || e2e_fail_run "tesk ended with status $tesk_status"
+  tesk_pid=""
+}
