@@ -40,10 +40,6 @@ std::string_view TrimBlanks(std::string_view s) {
   return s.substr(a, s.find_last_not_of(' ') - a + 1);
 }
 
-char Upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // UCase(Trim(Mid(entry, InStr(entry, " | From") + 8))) == upperKey, without building the texts:
 // the walk runs over every stored entry for each message heard.
 bool SameMessage(std::string_view entry, std::string_view upperKey) {
@@ -53,7 +49,7 @@ bool SameMessage(std::string_view entry, std::string_view upperKey) {
   const std::string_view rest = TrimBlanks(start < entry.size() ? entry.substr(start) : "");
   if (rest.size() != upperKey.size()) return false;
   for (std::size_t i = 0; i < rest.size(); ++i)
-    if (Upper(rest[i]) != upperKey[i]) return false;
+    if (UCaseChar(rest[i]) != upperKey[i]) return false;
   return true;
 }
 }  // namespace

@@ -21,16 +21,14 @@ constexpr int16_t kGivenUp = -1;
 constexpr const char* kNoAckPrefixes = "BLN NWS SAT ALL";
 constexpr const char* kNoAckWords = "BLN NWS SAT ALL EMAIL HEARD";
 
-// UCase(Trim(row)) == want, without building the two texts: the search runs over every row at
-// each press.
+// UCase(Trim(row)) == want, without building the two texts: the search runs at each press.
 bool SameAddressee(std::string_view row, std::string_view want) {
   const std::size_t a = row.find_first_not_of(' ');
   if (a == std::string_view::npos) return want.empty();
   row = row.substr(a, row.find_last_not_of(' ') - a + 1);
   if (row.size() != want.size()) return false;
   for (std::size_t i = 0; i < row.size(); ++i) {
-    const char c = row[i] >= 'a' && row[i] <= 'z' ? static_cast<char>(row[i] - 'a' + 'A') : row[i];
-    if (c != want[i]) return false;
+    if (UCaseChar(row[i]) != want[i]) return false;
   }
   return true;
 }
@@ -97,25 +95,12 @@ void MessageSending::cmdTXAPRSMessage_Click() {
 }
 
 bool MessageSending::AsksAck(const std::string& forCall) {
-  // Upper-cased on the stack: an addressee is a call or a word, and this runs at every press.
-  char buffer[32];
-  std::string longer;
-  std::string_view upper;
-  if (forCall.size() <= sizeof buffer) {
-    for (std::size_t i = 0; i < forCall.size(); ++i) {
-      const char c = forCall[i];
-      buffer[i] = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-    upper = std::string_view(buffer, forCall.size());
-  } else {
-    longer = UCase(forCall);
-    upper = longer;
-  }
+  const std::string upper = UCase(forCall);
   const std::string_view prefixes = kNoAckPrefixes;
   const std::string_view words = kNoAckWords;
   // Bulletins, weather, satellite gateways and words answer nothing; a call holds a digit. The
   // tests are those of a text search, so an empty For or a part of a word ("N N") matches too.
-  if (prefixes.find(upper.substr(0, 3)) != std::string_view::npos) return false;
+  if (prefixes.find(std::string_view(upper).substr(0, 3)) != std::string_view::npos) return false;
   if (words.find(upper) != std::string_view::npos) return false;
   for (const char c : upper)
     if (c >= '0' && c <= '9') return true;

@@ -232,17 +232,15 @@ std::string Trim(std::string_view s) {
 
 std::string UCase(std::string_view s) {
   std::string out(s);
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
+  for (char& c : out)
+    c = UCaseChar(c);
   return out;
 }
 
 std::string LCase(std::string_view s) {
   std::string out(s);
-  for (char& c : out) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  for (char& c : out)
+    c = LCaseChar(c);
   return out;
 }
 

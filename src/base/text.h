@@ -34,6 +34,12 @@ std::string RTrim(std::string_view s);
 // Case: ASCII letters only; bytes above 127 are kept as they are.
 std::string UCase(std::string_view s);
 std::string LCase(std::string_view s);
+inline char UCaseChar(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+inline char LCaseChar(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 // Replace every occurrence of `find` (non-empty) by `with`, left to right, non-overlapping.
 std::string Replace(std::string_view s, std::string_view find, std::string_view with);
 // Val: the leading number of the text ("34N" -> 34, " -1.5e2x" -> -150, "&H1F" -> 31,

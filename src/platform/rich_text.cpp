@@ -6,13 +6,11 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace tesk {
 
 namespace {
-
-char FoldCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 // Letters, digits and the underscore end a word; cp1252 letters count as letters too.
 bool IsWordChar(char ch) {
@@ -28,11 +26,11 @@ bool IsWordChar(char ch) {
 
 size_t FindNoCase(const std::string& text, std::string_view what, size_t from) {
   if (what.size() > text.size()) return std::string::npos;
-  const char first = FoldCase(what[0]);
+  const char first = LCaseChar(what[0]);
   for (size_t i = from; i + what.size() <= text.size(); ++i) {
-    if (FoldCase(text[i]) != first) continue;
+    if (LCaseChar(text[i]) != first) continue;
     size_t k = 1;
-    while (k < what.size() && FoldCase(text[i + k]) == FoldCase(what[k]))
+    while (k < what.size() && LCaseChar(text[i + k]) == LCaseChar(what[k]))
       ++k;
     if (k == what.size()) return i;
   }

@@ -23,9 +23,9 @@ std::string_view KeyPart(std::string_view entry, HistoryCompare compare) {
 
 char Folded(char c, HistoryCompare compare) {
   if (compare == HistoryCompare::UpperRightTrimmed || compare == HistoryCompare::UpperTrimmed)
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    return UCaseChar(c);
   if (compare == HistoryCompare::LowerRightTrimmed || compare == HistoryCompare::LowerTrimmed)
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return LCaseChar(c);
   return c;
 }
 

@@ -218,7 +218,7 @@ void TxPanel::AddFor() {
     const std::string_view kept = all.substr(first, all.find_last_not_of(' ') - first + 1);
     text.assign(kept.substr(0, static_cast<std::size_t>(kForMax)));
     for (char& c : text)
-      if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+      c = UCaseChar(c);
   }
   AddHistoryEntry(f.list, text, kForRule);
   f.selStart = 0;
